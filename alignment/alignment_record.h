@@ -1,0 +1,30 @@
+// The alignment model: one record per key point where an element starts.
+#pragma once
+
+#include <cstdint>
+
+namespace quelcnv {
+
+// Element types. Some importers keep other codes in `type` for the last
+// record, which starts no element.
+inline constexpr std::int32_t straightElement = 0;
+inline constexpr std::int32_t arcElement = 1;
+inline constexpr std::int32_t clothoidElement = 2;
+
+struct AlignmentRecord {
+    std::int32_t type = straightElement;
+    double station = 0.0;    // chainage of the key point, metres
+    double x = 0.0;          // first plane coordinate
+    double y = 0.0;          // second plane coordinate
+    double aux = 0.0;        // 0 but where the arc splitting sets it
+    double azimuth = 0.0;    // tangent direction, grads
+    double radius = 0.0;     // signed: positive turns towards growing azimuths; 0 straight
+    double parameter = 0.0;  // clothoid parameter A; 0 for a straight or an arc
+    double length = 0.0;     // next record's station less this one's
+};
+
+// A clothoid when the parameter is not 0, else an arc when the radius is not
+// 0, else a straight.
+std::int32_t elementTypeOf(double parameter, double radius);
+
+}  // namespace quelcnv

@@ -1,0 +1,77 @@
+#include "alignment/ruxo_alignment_file.h"
+
+#include <array>
+#include <optional>
+
+#include "common/line_reader.h"
+#include "common/numbers.h"
+#include "common/output_file.h"
+#include "common/tokenizer.h"
+
+namespace quelcnv {
+
+namespace {
+
+// The six numbers of a record line, or nothing when one is missing.
+std::optional<AlignmentRecord> parseRecordLine(std::string_view line) {
+    Tokenizer tokens(line);
+    std::array<double, 6> values{};
+    for (double& value : values) {
+        auto token = tokens.next(blanksTabsAndNewlines);
+        if (!token) return std::nullopt;
+        value = parseNumber(*token);
+    }
+    AlignmentRecord record;
+    record.station = values[0];
+    record.x = values[1];
+    record.y = values[2];
+    record.azimuth = values[3];
+    record.parameter = values[4];  // the file gives the parameter before the radius
+    record.radius = values[5];
+    record.type = elementTypeOf(record.parameter, record.radius);
+    return record;
+}
+
+}  // namespace
+
+AlignmentFile readAlignmentFile(const std::string& path, CommentLines comments) {
+    AlignmentFile file;
+    int lineCount = countLines(path);
+    LineReader reader;
+    if (!reader.open(path)) {
+        file.outcome = Outcome::failed(Failure::inputUnreadable);
+        return file;
+    }
+    file.capacity = 3 * static_cast<std::size_t>(lineCount);
+    std::string line;
+    long lineNumber = 0;
+    while (readLineBeforeEnd(reader, line)) {
+        ++lineNumber;
+        if (line.empty()) continue;
+        if (comments == CommentLines::skipped && line.front() == '*') continue;
+        if (auto record = parseRecordLine(line)) file.records.push_back(*record);
+        // Only a file that grows while it is read gets here.
+        if (file.records.size() >= static_cast<std::size_t>(lineCount)) {
+            file.records.clear();
+            file.outcome = Outcome::failed(Failure::rejected, lineNumber);
+            return file;
+        }
+    }
+    if (reader.readFailed()) file.outcome = Outcome::failed(Failure::inputUnreadable, lineNumber);
+    else if (file.records.empty()) file.outcome = Outcome::failed(Failure::noData);
+    if (!file.outcome.ok()) file.records.clear();
+    return file;
+}
+
+Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const std::string& path) {
+    OutputFile out;
+    if (!out.open(path)) return Outcome::failed(Failure::outputUnwritable);
+    for (const AlignmentRecord& r : records) {
+        out.print("%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n", r.station, r.x, r.y, r.azimuth,
+                  r.parameter, r.radius);
+    }
+    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
+    return Outcome::done();
+}
+
+}  // namespace quelcnv

@@ -1,0 +1,38 @@
+// The RUXO alignment file, the pivot of every alignment conversion: one line
+// per key point, six numbers: station, x, y, azimuth, parameter, radius.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "alignment/alignment_record.h"
+#include "common/outcome.h"
+
+namespace quelcnv {
+
+// Lines starting with "*": the intersection-point writer skips them as
+// comments; the element writer, deliberately, reads them as numbers.
+enum class CommentLines { skipped, readAsNumbers };
+
+struct AlignmentFile {
+    Outcome outcome;
+    std::vector<AlignmentRecord> records;
+    // Room for records: three times the line count, which bounds the records
+    // that arc splitting may add.
+    std::size_t capacity = 0;
+};
+
+// Reads a RUXO alignment file: blanks and tabs between fields, any number of
+// decimals. A last line without a line break is ignored on purpose; an empty
+// line, and a line with fewer than six numbers, are skipped. The type follows
+// from the parameter and the radius. Fails when the file cannot be opened or
+// holds no complete record.
+AlignmentFile readAlignmentFile(const std::string& path, CommentLines comments);
+
+// Writes the records with "%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n":
+// station, x, y, azimuth, parameter, radius (the parameter before the radius,
+// the other way round from the record).
+Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const std::string& path);
+
+}  // namespace quelcnv

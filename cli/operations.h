@@ -1,0 +1,38 @@
+// The command's view of the library: one operation per entry point, taken
+// from the table of entry points, with a way to call it from text arguments.
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace quelcnv::cli {
+
+enum class ResultKind { none, integer };
+enum class Availability { built, pending, unavailable };
+
+// Calls the entry point with the arguments in its order; a selec argument
+// must already have been checked to be a whole number. The sample entry
+// point's buffer comes back in place of its argument. Returns the entry
+// point's result, or 0 when it returns nothing.
+using Invoker = int (*)(std::vector<std::string>& arguments);
+
+struct Operation {
+    std::string_view name;       // the entry point's name without "MyDll_"
+    std::string_view arguments;  // argument names separated by blanks
+    ResultKind result;
+    Availability availability;
+    std::string_view help;       // Spanish help text
+    Invoker invoke;
+
+    std::vector<std::string_view> argumentNames() const;
+};
+
+// All operations, in the order of the type library.
+std::span<const Operation> operations();
+
+// The operation of that name (exact spelling), or nullptr.
+const Operation* findOperation(std::string_view name);
+
+}  // namespace quelcnv::cli

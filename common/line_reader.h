@@ -1,0 +1,80 @@
+// Reading 8-bit text files line by line, as the Windows C runtime reads them
+// in text mode with a 256-byte buffer, the same on every platform.
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+#include <vector>
+
+namespace quelcnv {
+
+// What one line read delivered.
+enum class ReadStatus {
+    line,      // text, and the end of the file was not met
+    lastLine,  // text, and the read met the end of the file
+    nothing,   // nothing left: the caller's text is left as it was
+};
+
+// Reads a text file in lines of at most 255 characters:
+// - CR LF reads as LF, a CR not followed by LF stays, and a byte 0x1A
+//   (Ctrl-Z) ends the file, as in text mode;
+// - a read stops after an LF or after 255 characters, so a longer line goes
+//   on in the next read;
+// - the end of the file is met only by a read that tries to go past it: a
+//   read that stops at an LF, or after 255 characters, never meets it;
+// - the text ends at a NUL byte, as the C string in the buffer would.
+// Positions are byte offsets in the file, usable to read a line again.
+class LineReader {
+public:
+    static constexpr std::size_t maxLineLength = 255;
+
+    LineReader() = default;
+    LineReader(const LineReader&) = delete;
+    LineReader& operator=(const LineReader&) = delete;
+    ~LineReader();
+
+    // False when the file cannot be opened for reading.
+    bool open(const std::string& path);
+    void close();
+    bool isOpen() const { return file_ != nullptr; }
+
+    ReadStatus read(std::string& text);
+    // True once a read met the end of the file (the C runtime's end-of-file flag).
+    bool atEnd() const { return atEnd_; }
+    // Byte offset where the next read starts.
+    std::uint64_t position() const { return position_; }
+    // Goes back (or forth) to a byte offset and clears the end-of-file flag.
+    bool seek(std::uint64_t offset);
+    // False when a read failed for another reason than the end of the file.
+    bool readFailed() const { return failed_; }
+
+private:
+    int nextChar();
+    int peekByte();
+    bool fill();
+
+    std::FILE* file_ = nullptr;
+    std::vector<unsigned char> buffer_;
+    std::size_t bufferStart_ = 0;
+    std::size_t bufferEnd_ = 0;
+    std::uint64_t position_ = 0;
+    bool atEnd_ = false;
+    bool ctrlZ_ = false;
+    bool failed_ = false;
+};
+
+// The read that meets the end of the file is not used: true for every line
+// before it, so a last line without a line break is lost.
+bool readLineBeforeEnd(LineReader& reader, std::string& text);
+
+// The read that meets the end of the file is used too: false only when a
+// read delivered nothing.
+bool readLineThroughEnd(LineReader& reader, std::string& text);
+
+// Number of line reads before the end of the file, plus one: a file of four
+// LF-ended lines gives 5, an empty file 1. Callers size their record arrays
+// by it, the extra one being deliberate headroom. 0 when the file cannot be opened.
+int countLines(const std::string& path);
+
+}  // namespace quelcnv

@@ -1,0 +1,137 @@
+#include "common/numbers.h"
+
+#include <charconv>
+#include <limits>
+#include <string>
+
+namespace quelcnv {
+
+namespace {
+
+bool isWhiteSpace(char c) {
+    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+std::size_t skipWhiteSpace(std::string_view text) {
+    std::size_t i = 0;
+    while (i < text.size() && isWhiteSpace(text[i])) ++i;
+    return i;
+}
+
+std::size_t skipDigits(std::string_view text, std::size_t i) {
+    while (i < text.size() && isDigit(text[i])) ++i;
+    return i;
+}
+
+// The parts of a decimal number found at the start of a text.
+struct NumberText {
+    std::size_t begin = 0;         // first character after the white space
+    std::size_t mantissaEnd = 0;   // end of sign, digits and decimal point
+    std::size_t end = 0;           // end of the number, exponent included
+    bool found = false;
+};
+
+NumberText findNumber(std::string_view text) {
+    NumberText number;
+    number.begin = skipWhiteSpace(text);
+    std::size_t i = number.begin;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) ++i;
+    std::size_t integerEnd = skipDigits(text, i);
+    std::size_t digits = integerEnd - i;
+    i = integerEnd;
+    if (i < text.size() && text[i] == '.') {
+        std::size_t fractionEnd = skipDigits(text, i + 1);
+        digits += fractionEnd - (i + 1);
+        i = fractionEnd;
+    }
+    if (digits == 0) return number;
+    number.found = true;
+    number.mantissaEnd = i;
+    if (i < text.size() && (text[i] == 'e' || text[i] == 'E')) {
+        std::size_t j = i + 1;
+        if (j < text.size() && (text[j] == '+' || text[j] == '-')) ++j;
+        std::size_t exponentEnd = skipDigits(text, j);
+        if (exponentEnd > j) i = exponentEnd;
+    }
+    number.end = i;
+    return number;
+}
+
+// Whether a number that does not fit a double is too large (else too small):
+// the decimal exponent of its first significant digit decides.
+bool overflows(std::string_view number, std::size_t mantissaLength) {
+    std::string_view mantissa = number.substr(0, mantissaLength);
+    long long position = 0;  // power of ten of the current digit, relative
+    long long firstSignificant = std::numeric_limits<long long>::min();
+    std::size_t point = mantissa.find('.');
+    std::size_t integerDigits = 0;
+    for (char c : mantissa.substr(0, point)) integerDigits += isDigit(c) ? 1 : 0;
+    position = static_cast<long long>(integerDigits) - 1;
+    for (char c : mantissa) {
+        if (!isDigit(c)) continue;
+        if (c != '0') {
+            firstSignificant = position;
+            break;
+        }
+        --position;
+    }
+    long long exponent = 0;
+    if (number.size() > mantissaLength + 1) {
+        WholeScan scan = scanWhole(number.substr(mantissaLength + 1));
+        exponent = scan.value;
+    }
+    return firstSignificant != std::numeric_limits<long long>::min() &&
+           firstSignificant + exponent >= 0;
+}
+
+}  // namespace
+
+NumberScan scanNumber(std::string_view text) {
+    NumberText number = findNumber(text);
+    if (!number.found) return {};
+    std::string_view body = text.substr(number.begin, number.end - number.begin);
+    bool negative = body.front() == '-';
+    std::size_t signLength = (body.front() == '+' || body.front() == '-') ? 1 : 0;
+    std::string_view unsignedBody = body.substr(signLength);
+    double value = 0.0;
+    auto [end, error] = std::from_chars(unsignedBody.data(),
+                                        unsignedBody.data() + unsignedBody.size(), value,
+                                        std::chars_format::general);
+    (void)end;
+    if (error == std::errc::result_out_of_range) {
+        std::size_t mantissaLength = number.mantissaEnd - number.begin - signLength;
+        value = overflows(unsignedBody, mantissaLength) ? std::numeric_limits<double>::infinity()
+                                                        : 0.0;
+    }
+    return {negative ? -value : value, number.end};
+}
+
+double parseNumber(std::string_view text) { return scanNumber(text).value; }
+
+WholeScan scanWhole(std::string_view text) {
+    std::size_t i = skipWhiteSpace(text);
+    bool negative = false;
+    if (i < text.size() && (text[i] == '+' || text[i] == '-')) {
+        negative = text[i] == '-';
+        ++i;
+    }
+    std::size_t digitsEnd = skipDigits(text, i);
+    if (digitsEnd == i) return {};
+    constexpr long long limit = 2147483648LL;  // magnitude of the 32-bit minimum
+    long long magnitude = 0;
+    for (std::size_t j = i; j < digitsEnd; ++j) {
+        magnitude = magnitude * 10 + (text[j] - '0');
+        if (magnitude > limit) magnitude = limit;
+    }
+    long long value = negative ? -magnitude : magnitude;
+    if (value > std::numeric_limits<std::int32_t>::max()) {
+        value = std::numeric_limits<std::int32_t>::max();
+    }
+    return {static_cast<std::int32_t>(value), digitsEnd};
+}
+
+std::int32_t parseWhole(std::string_view text) { return scanWhole(text).value; }
+
+}  // namespace quelcnv

@@ -1,0 +1,90 @@
+#include "common/output_file.h"
+
+#include <sys/stat.h>
+
+#include <cstdlib>
+
+namespace quelcnv {
+
+namespace {
+
+bool isRegularFile(std::FILE* file) {
+#ifdef _WIN32
+    struct _stat64 status;
+    return _fstat64(_fileno(file), &status) == 0 && (status.st_mode & _S_IFREG) != 0;
+#else
+    struct stat status;
+    return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
+#endif
+}
+
+}  // namespace
+
+std::string_view platformNewline() {
+#ifdef _WIN32
+    return "\r\n";
+#else
+    const char* setting = std::getenv("QUELCNV_NEWLINE");
+    if (setting != nullptr && (std::string_view(setting) == "crlf" ||
+                               std::string_view(setting) == "CRLF")) {
+        return "\r\n";
+    }
+    return "\n";
+#endif
+}
+
+OutputFile::~OutputFile() {
+    if (file_ != nullptr) closeAndRemove();
+}
+
+bool OutputFile::open(const std::string& path) {
+    if (file_ != nullptr) closeAndRemove();
+    file_ = std::fopen(path.c_str(), "wb");
+    if (file_ == nullptr) return false;
+    path_ = path;
+    newline_ = std::string(platformNewline());
+    regularFile_ = isRegularFile(file_);
+    failed_ = false;
+    return true;
+}
+
+void OutputFile::write(std::string_view text) {
+    if (file_ == nullptr || failed_) return;
+    std::size_t start = 0;
+    while (start < text.size()) {
+        std::size_t lineFeed = text.find('\n', start);
+        std::size_t end = lineFeed == std::string_view::npos ? text.size() : lineFeed;
+        if (std::fwrite(text.data() + start, 1, end - start, file_) != end - start) failed_ = true;
+        if (lineFeed == std::string_view::npos) break;
+        if (std::fwrite(newline_.data(), 1, newline_.size(), file_) != newline_.size()) {
+            failed_ = true;
+        }
+        start = lineFeed + 1;
+    }
+}
+
+bool OutputFile::finish() {
+    if (file_ == nullptr) return false;
+    if (std::fflush(file_) != 0) failed_ = true;
+    if (std::ferror(file_) != 0) failed_ = true;
+    if (failed_) {
+        closeAndRemove();
+        return false;
+    }
+    bool closed = std::fclose(file_) == 0;
+    file_ = nullptr;
+    if (!closed && regularFile_) std::remove(path_.c_str());
+    return closed;
+}
+
+void OutputFile::discard() {
+    if (file_ != nullptr) closeAndRemove();
+}
+
+void OutputFile::closeAndRemove() {
+    std::fclose(file_);
+    file_ = nullptr;
+    if (regularFile_) std::remove(path_.c_str());
+}
+
+}  // namespace quelcnv

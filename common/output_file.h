@@ -1,0 +1,55 @@
+// Writing an output text file: the platform's newline, write errors detected,
+// and no partial file left behind on failure.
+#pragma once
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "common/text_format.h"
+
+namespace quelcnv {
+
+// The newline an output file writes for each LF: CR LF on Windows; elsewhere
+// LF, or CR LF when the environment variable QUELCNV_NEWLINE is "crlf".
+std::string_view platformNewline();
+
+// An output file written as a text-mode "w" stream writes it: every LF byte
+// becomes the platform's newline, every other byte is written as given.
+// Write errors are remembered. finish() closes the file and reports whether
+// everything reached it; a file that failed, or that was never finished
+// (the conversion gave up half way), is removed if it is a regular file
+// (a device or other special file is never removed).
+class OutputFile {
+public:
+    OutputFile() = default;
+    OutputFile(const OutputFile&) = delete;
+    OutputFile& operator=(const OutputFile&) = delete;
+    ~OutputFile();
+
+    // Creates or truncates the file. False when it cannot be created.
+    bool open(const std::string& path);
+    bool isOpen() const { return file_ != nullptr; }
+
+    void write(std::string_view text);
+    template <typename... Args>
+    void print(std::string_view format, const Args&... args) {
+        write(formatText(format, args...));
+    }
+
+    // Flushes and closes. False (and the file removed) when a write failed.
+    bool finish();
+    // Closes and removes the file: the conversion failed after creating it.
+    void discard();
+
+private:
+    void closeAndRemove();
+
+    std::FILE* file_ = nullptr;
+    std::string path_;
+    std::string newline_;
+    bool regularFile_ = false;
+    bool failed_ = false;
+};
+
+}  // namespace quelcnv

@@ -1,0 +1,46 @@
+// The fixed scratch files and the lock that keeps two conversions from
+// overwriting each other's.
+#pragma once
+
+#include <string>
+
+namespace quelcnv {
+
+enum class ScratchFile {
+    chainTemp,      // "temp.$$$": the RUXO file between an importer and its writer
+    localTemp,      // "temp.$$$" of the current folder on Windows (LandXML alignments)
+    selectionList,  // "$$$$.EJE": the names a LandXML selection lists for the host
+    sampleText,     // "prueba.$$$": written by the sample entry point
+};
+
+// The scratch directory, locked for one conversion from its first to its last
+// scratch access. Elsewhere than on Windows the directory is $QUELCNV_SCRATCH,
+// else $XDG_RUNTIME_DIR/quelcnv, else /tmp/quelcnv-<uid>; it is created with
+// mode 0700, and one that is a symbolic link or belongs to another user is
+// refused. On Windows the files keep their original paths ("c:\temp.$$$",
+// "temp.$$$", "c:\$$$$.EJE", "c:\prueba.$$$"), where the host looks for them,
+// unless QUELCNV_SCRATCH names another folder; the lock is a named mutex.
+// Two processes converting at once wait for each other.
+class ScratchSession {
+public:
+    ScratchSession();
+    ScratchSession(const ScratchSession&) = delete;
+    ScratchSession& operator=(const ScratchSession&) = delete;
+    ~ScratchSession();
+
+    // False when the directory was refused or could not be locked: the
+    // conversion must then fail without touching any scratch file.
+    bool ready() const { return ready_; }
+    std::string path(ScratchFile file) const;
+
+private:
+    std::string directory_;
+    bool ready_ = false;
+#ifdef _WIN32
+    void* mutex_ = nullptr;
+#else
+    int lockFile_ = -1;
+#endif
+};
+
+}  // namespace quelcnv

@@ -1,0 +1,33 @@
+// Splitting a line into tokens with the rules of C's strtok, but re-entrant
+// and without touching the line.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace quelcnv {
+
+// Hands out the tokens of a text one by one:
+// - leading separators are skipped, so runs of separators count as one;
+// - a token ends at the next separator, which is consumed with it;
+// - every call may name another set of separators (as strtok allows);
+// - once no token is left, every later call finds none.
+// The text must outlive the tokenizer; the tokens point into it.
+class Tokenizer {
+public:
+    explicit Tokenizer(std::string_view text) : text_(text) {}
+
+    std::optional<std::string_view> next(std::string_view separators);
+    // The text after the last token and the separator that ended it, unsplit.
+    std::string_view rest() const { return text_.substr(position_); }
+
+private:
+    std::string_view text_;
+    std::size_t position_ = 0;
+};
+
+// Separator sets used across the converters.
+inline constexpr std::string_view blanksAndTabs = " \t";
+inline constexpr std::string_view blanksTabsAndNewlines = " \t\n";
+
+}  // namespace quelcnv
