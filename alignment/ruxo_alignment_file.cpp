@@ -57,8 +57,10 @@ AlignmentFile readAlignmentFile(const std::string& path, CommentLines comments) 
             return file;
         }
     }
-    if (reader.readFailed()) file.outcome = Outcome::failed(Failure::inputUnreadable, lineNumber);
-    else if (file.records.empty()) file.outcome = Outcome::failed(Failure::noData);
+    if (reader.readFailed())
+        file.outcome = Outcome::failed(Failure::inputUnreadable, lineNumber);
+    else if (file.records.empty())
+        file.outcome = Outcome::failed(Failure::noData);
     if (!file.outcome.ok()) file.records.clear();
     return file;
 }

@@ -255,7 +255,8 @@ int run(std::vector<std::string> words) {
     if (i == words.size()) return usageError("falta la operacion");
     std::string name = words[i++];
     std::vector<std::string> args(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
-    if (name == "lista") return args.empty() ? listOperations() : usageError("lista no lleva argumentos");
+    if (name == "lista")
+        return args.empty() ? listOperations() : usageError("lista no lleva argumentos");
     if (name == "ayuda") {
         if (args.size() != 1) return usageError("ayuda necesita el nombre de una operacion");
         const Operation* op = quelcnv::cli::findOperation(args[0]);

@@ -68,8 +68,12 @@ int invoke(Args& arguments) {
 
 #define QUELCNV_RESULT_int ResultKind::integer
 #define QUELCNV_RESULT_none ResultKind::none
-#define QUELCNV_ENTRY(name, result, arguments, state, help)                          \
-    Operation{#name, arguments, QUELCNV_RESULT_##result, Availability::state, help, \
+#define QUELCNV_ENTRY(name, result, arguments, state, help) \
+    Operation{#name,                                        \
+              arguments,                                    \
+              QUELCNV_RESULT_##result,                      \
+              Availability::state,                          \
+              help,                                         \
               &invoke<&MyDll_##name>},
 
 const Operation table[] = {

@@ -23,7 +23,7 @@ struct Operation {
     std::string_view arguments;  // argument names separated by blanks
     ResultKind result;
     Availability availability;
-    std::string_view help;       // Spanish help text
+    std::string_view help;  // Spanish help text
     Invoker invoke;
 
     std::vector<std::string_view> argumentNames() const;

@@ -27,9 +27,9 @@ std::size_t skipDigits(std::string_view text, std::size_t i) {
 
 // The parts of a decimal number found at the start of a text.
 struct NumberText {
-    std::size_t begin = 0;         // first character after the white space
-    std::size_t mantissaEnd = 0;   // end of sign, digits and decimal point
-    std::size_t end = 0;           // end of the number, exponent included
+    std::size_t begin = 0;        // first character after the white space
+    std::size_t mantissaEnd = 0;  // end of sign, digits and decimal point
+    std::size_t end = 0;          // end of the number, exponent included
     bool found = false;
 };
 
@@ -96,14 +96,14 @@ NumberScan scanNumber(std::string_view text) {
     std::size_t signLength = (body.front() == '+' || body.front() == '-') ? 1 : 0;
     std::string_view unsignedBody = body.substr(signLength);
     double value = 0.0;
-    auto [end, error] = std::from_chars(unsignedBody.data(),
-                                        unsignedBody.data() + unsignedBody.size(), value,
-                                        std::chars_format::general);
+    auto [end, error] =
+        std::from_chars(unsignedBody.data(), unsignedBody.data() + unsignedBody.size(), value,
+                        std::chars_format::general);
     (void)end;
     if (error == std::errc::result_out_of_range) {
         std::size_t mantissaLength = number.mantissaEnd - number.begin - signLength;
-        value = overflows(unsignedBody, mantissaLength) ? std::numeric_limits<double>::infinity()
-                                                        : 0.0;
+        value =
+            overflows(unsignedBody, mantissaLength) ? std::numeric_limits<double>::infinity() : 0.0;
     }
     return {negative ? -value : value, number.end};
 }

@@ -4,18 +4,12 @@ namespace quelcnv {
 
 std::string_view describe(Failure failure) {
     switch (failure) {
-        case Failure::none:
-            return "conversion realizada";
-        case Failure::inputUnreadable:
-            return "no se puede leer el fichero de entrada";
-        case Failure::outputUnwritable:
-            return "no se puede escribir el fichero de salida";
-        case Failure::noData:
-            return "el fichero de entrada no contiene datos que convertir";
-        case Failure::rejected:
-            return "el fichero de entrada no tiene el formato esperado";
-        case Failure::tooLarge:
-            return "el fichero de entrada pide un tamano imposible";
+        case Failure::none: return "conversion realizada";
+        case Failure::inputUnreadable: return "no se puede leer el fichero de entrada";
+        case Failure::outputUnwritable: return "no se puede escribir el fichero de salida";
+        case Failure::noData: return "el fichero de entrada no contiene datos que convertir";
+        case Failure::rejected: return "el fichero de entrada no tiene el formato esperado";
+        case Failure::tooLarge: return "el fichero de entrada pide un tamano imposible";
         case Failure::scratchUnavailable:
             return "no se puede usar la carpeta de ficheros temporales";
     }

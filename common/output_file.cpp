@@ -25,8 +25,8 @@ std::string_view platformNewline() {
     return "\r\n";
 #else
     const char* setting = std::getenv("QUELCNV_NEWLINE");
-    if (setting != nullptr && (std::string_view(setting) == "crlf" ||
-                               std::string_view(setting) == "CRLF")) {
+    if (setting != nullptr &&
+        (std::string_view(setting) == "crlf" || std::string_view(setting) == "CRLF")) {
         return "\r\n";
     }
     return "\n";

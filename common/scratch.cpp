@@ -21,12 +21,9 @@ namespace {
 std::string_view fileName(ScratchFile file) {
     switch (file) {
         case ScratchFile::chainTemp:
-        case ScratchFile::localTemp:
-            return "temp.$$$";
-        case ScratchFile::selectionList:
-            return "$$$$.EJE";
-        case ScratchFile::sampleText:
-            return "prueba.$$$";
+        case ScratchFile::localTemp: return "temp.$$$";
+        case ScratchFile::selectionList: return "$$$$.EJE";
+        case ScratchFile::sampleText: return "prueba.$$$";
     }
     return "temp.$$$";
 }
@@ -93,8 +90,8 @@ std::string configuredDirectory() {
     std::string directory = environment("QUELCNV_SCRATCH");
     if (directory.empty()) {
         std::string runtime = environment("XDG_RUNTIME_DIR");
-        directory = runtime.empty() ? "/tmp/quelcnv-" + std::to_string(geteuid())
-                                    : runtime + "/quelcnv";
+        directory =
+            runtime.empty() ? "/tmp/quelcnv-" + std::to_string(geteuid()) : runtime + "/quelcnv";
     }
     // A trailing slash would make the open below follow a symbolic link.
     while (directory.size() > 1 && directory.back() == '/') directory.pop_back();

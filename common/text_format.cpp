@@ -36,18 +36,22 @@ int readCount(std::string_view format, std::size_t& i) {
     return count;
 }
 
+// Sets the flag a character stands for; false when it is no flag.
+bool readFlag(char c, Spec& spec) {
+    switch (c) {
+        case '-': spec.left = true; return true;
+        case '+': spec.plus = true; return true;
+        case ' ': spec.blank = true; return true;
+        case '0': spec.zero = true; return true;
+        case '#': spec.alternate = true; return true;
+        default: return false;
+    }
+}
+
 // Reads the conversion specification that starts after a '%' at i.
 Spec readSpec(std::string_view format, std::size_t& i) {
     Spec spec;
-    for (; i < format.size(); ++i) {
-        char c = format[i];
-        if (c == '-') spec.left = true;
-        else if (c == '+') spec.plus = true;
-        else if (c == ' ') spec.blank = true;
-        else if (c == '0') spec.zero = true;
-        else if (c == '#') spec.alternate = true;
-        else break;
-    }
+    while (i < format.size() && readFlag(format[i], spec)) ++i;
     spec.width = readCount(format, i);
     if (i < format.size() && format[i] == '.') {
         ++i;
@@ -92,8 +96,8 @@ std::string_view signPrefix(const Spec& spec, bool negative) {
 }
 
 std::string formatSigned(const Spec& spec, long long value) {
-    unsigned long long magnitude =
-        value < 0 ? 0ULL - static_cast<unsigned long long>(value) : static_cast<unsigned long long>(value);
+    unsigned long long magnitude = value < 0 ? 0ULL - static_cast<unsigned long long>(value)
+                                             : static_cast<unsigned long long>(value);
     std::string digits;
     if (!(spec.precision == 0 && magnitude == 0)) digits = std::to_string(magnitude);
     if (spec.precision > 0 && digits.size() < static_cast<std::size_t>(spec.precision)) {
@@ -103,8 +107,8 @@ std::string formatSigned(const Spec& spec, long long value) {
 }
 
 std::string formatUnsigned(const Spec& spec, long long value) {
-    unsigned long long bits = spec.longLong ? static_cast<unsigned long long>(value)
-                                            : static_cast<std::uint32_t>(value);
+    unsigned long long bits =
+        spec.longLong ? static_cast<unsigned long long>(value) : static_cast<std::uint32_t>(value);
     int base = spec.conversion == 'u' ? 10 : 16;
     char buffer[32];
     auto result = std::to_chars(buffer, buffer + sizeof buffer, bits, base);
@@ -167,15 +171,15 @@ std::string formatOne(const Spec& spec, const FormatArg& arg, std::string_view f
         case 's': {
             if (arg.kind() != Kind::text) badFormat(format);
             std::string_view text = arg.text();
-            if (spec.precision >= 0) text = text.substr(0, static_cast<std::size_t>(spec.precision));
+            if (spec.precision >= 0)
+                text = text.substr(0, static_cast<std::size_t>(spec.precision));
             return pad(spec, "", text, false);
         }
         case 'f':
         case 'F':
             if (arg.kind() != Kind::real) badFormat(format);
             return formatReal(spec, arg.real());
-        default:
-            badFormat(format);
+        default: badFormat(format);
     }
 }
 

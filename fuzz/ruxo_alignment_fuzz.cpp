@@ -7,6 +7,8 @@
 #include <filesystem>
 #include <string>
 
+#include <unistd.h>
+
 #include "alignment/ruxo_alignment_file.h"
 
 namespace {

@@ -118,8 +118,8 @@ QUELCNV_API int QUELCNV_CALL MyDll_seleccionaEjeLandXML(const char* entrada);
 /* Alignment number selec (from 0) of a LandXML file to NEVO (WCE: to a RUXO
  * alignment file; pathAp unused). 0 when selec is negative or the alignment
  * is rejected, else 1. */
-QUELCNV_API int QUELCNV_CALL MyDll_alandxml2nevo(int selec, const char* entrada,
-                                                 const char* salida, const char* pathAp);
+QUELCNV_API int QUELCNV_CALL MyDll_alandxml2nevo(int selec, const char* entrada, const char* salida,
+                                                 const char* pathAp);
 QUELCNV_API int QUELCNV_CALL MyDll_alandxml2nevoWCE(int selec, const char* entrada,
                                                     const char* salida, const char* pathAp);
 /* RUXO alignment to a LandXML document. Always 1. */
@@ -178,8 +178,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_lectnevo2medrix(const char* entrada, const ch
 /* Robotic total-station readings into a report: not specified in this version. */
 QUELCNV_API int QUELCNV_CALL MyDll_procesaRobotizada(const char* lecturas, const char* puntos,
                                                      const char* salida, const char* trabajo,
-                                                     const char* operario,
-                                                     const char* descripcion,
+                                                     const char* operario, const char* descripcion,
                                                      const char* temperatura, const char* fecha,
                                                      const char* hora);
 /* Job name, date and time of a robotic readings file, one per line.

@@ -23,8 +23,10 @@ void writeBytes(const std::filesystem::path& path, std::string_view bytes) {
 std::string withPlatformNewlines(std::string_view text) {
     std::string out;
     for (char c : text) {
-        if (c == '\n') out += platformNewline();
-        else out += c;
+        if (c == '\n')
+            out += platformNewline();
+        else
+            out += c;
     }
     return out;
 }
@@ -32,11 +34,13 @@ std::string withPlatformNewlines(std::string_view text) {
 ::testing::AssertionResult sameBytes(std::string_view actual, std::string_view expected) {
     if (actual == expected) return ::testing::AssertionSuccess();
     std::size_t offset = 0;
-    while (offset < actual.size() && offset < expected.size() && actual[offset] == expected[offset]) {
+    while (offset < actual.size() && offset < expected.size() &&
+           actual[offset] == expected[offset]) {
         ++offset;
     }
-    std::size_t line = 1 + static_cast<std::size_t>(std::count(expected.begin(),
-                                                                expected.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
+    std::size_t line =
+        1 + static_cast<std::size_t>(std::count(
+                expected.begin(), expected.begin() + static_cast<std::ptrdiff_t>(offset), '\n'));
     auto lineAt = [](std::string_view text, std::size_t at) {
         std::size_t start = text.rfind('\n', at == 0 ? 0 : at - 1);
         start = (start == std::string_view::npos || at == 0) ? 0 : start + 1;
@@ -46,8 +50,8 @@ std::string withPlatformNewlines(std::string_view text) {
     return ::testing::AssertionFailure()
            << "outputs differ at line " << line << ", byte offset " << offset << "\n  actual:   \""
            << lineAt(actual, std::min(offset, actual.size())) << "\"\n  expected: \""
-           << lineAt(expected, std::min(offset, expected.size())) << "\"\n  (sizes " << actual.size()
-           << " and " << expected.size() << ")";
+           << lineAt(expected, std::min(offset, expected.size())) << "\"\n  (sizes "
+           << actual.size() << " and " << expected.size() << ")";
 }
 
 std::filesystem::path testData(std::string_view relative) {
@@ -74,8 +78,10 @@ void setVariable(const std::string& name, const std::optional<std::string>& valu
 #ifdef _WIN32
     _putenv_s(name.c_str(), value ? value->c_str() : "");
 #else
-    if (value) setenv(name.c_str(), value->c_str(), 1);
-    else unsetenv(name.c_str());
+    if (value)
+        setenv(name.c_str(), value->c_str(), 1);
+    else
+        unsetenv(name.c_str());
 #endif
 }
 

@@ -95,9 +95,8 @@ TEST_F(RuxoAlignmentFileTest, CrLfFileReadsLikeLfFile) {
 }
 
 TEST_F(RuxoAlignmentFileTest, BothSpellingsRewriteWithThreeDecimals) {
-    AlignmentFile read =
-        readAlignmentFile(test::testData("alignment/ruxo/mixed_spellings.ruxo").string(),
-                          CommentLines::skipped);
+    AlignmentFile read = readAlignmentFile(
+        test::testData("alignment/ruxo/mixed_spellings.ruxo").string(), CommentLines::skipped);
     ASSERT_TRUE(read.outcome.ok());
     ASSERT_TRUE(writeAlignmentFile(read.records, file("out.ruxo")).ok());
     std::string expected = readBytes(test::testData("alignment/ruxo/mixed_spellings.expected"));

@@ -50,7 +50,8 @@ protected:
         int status = 0;
         waitpid(pid, &status, 0);
         EXPECT_TRUE(WIFEXITED(status));
-        return {WEXITSTATUS(status), test::readBytes(file("stdout")), test::readBytes(file("stderr"))};
+        return {WEXITSTATUS(status), test::readBytes(file("stdout")),
+                test::readBytes(file("stderr"))};
     }
 };
 
@@ -68,7 +69,8 @@ TEST_F(CommandTest, ListaShowsTheSixtyOperationsInOrder) {
     EXPECT_EQ(list.status, 0);
     std::istringstream lines(list.out);
     std::vector<std::string> names;
-    for (std::string line; std::getline(lines, line);) names.push_back(line.substr(0, line.find(' ')));
+    for (std::string line; std::getline(lines, line);)
+        names.push_back(line.substr(0, line.find(' ')));
     ASSERT_EQ(names.size(), 60u);
     EXPECT_EQ(names.front(), "ReverseString");
     EXPECT_EQ(names[19], "aruxo2nevo");

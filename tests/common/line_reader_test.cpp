@@ -67,8 +67,12 @@ TEST_F(LineReaderTest, CarriageReturnLineFeedReadsAsLineFeed) {
 }
 
 TEST_F(LineReaderTest, CtrlZEndsTheFile) {
-    EXPECT_EQ(readAll("a\nb\x1A" "c\nd\n"), (Reads{{"a\n", line}, {"b", lastLine}}));
-    EXPECT_EQ(readAll("a\n\x1A" "b\n"), (Reads{{"a\n", line}}));
+    EXPECT_EQ(readAll("a\nb\x1A"
+                      "c\nd\n"),
+              (Reads{{"a\n", line}, {"b", lastLine}}));
+    EXPECT_EQ(readAll("a\n\x1A"
+                      "b\n"),
+              (Reads{{"a\n", line}}));
 }
 
 TEST_F(LineReaderTest, TextEndsAtNulByte) {
@@ -131,7 +135,9 @@ TEST_F(LineReaderTest, CountLinesCountsReadsBeforeTheEndPlusOne) {
         {"a\nb", 2},
         {"a\r\nb\r\n", 3},
         {std::string(300, 'x') + "\n", 3},
-        {"a\n\x1A" "b\nc\n", 2},
+        {"a\n\x1A"
+         "b\nc\n",
+         2},
     };
     for (const Case& c : cases) {
         writeBytes(file("count.txt"), c.bytes);

@@ -82,7 +82,8 @@ TEST(Numbers, RandomDecimalTextsMatchTheCLibrary) {
         for (int j = 0; j < length; ++j) text += alphabet[random() % (sizeof alphabet - 1)];
         double expected = referenceStrtod(text);
         double actual = parseNumber(text);
-        EXPECT_TRUE(actual == expected || (std::isnan(actual) && std::isnan(expected))) << '"' << text << '"';
+        EXPECT_TRUE(actual == expected || (std::isnan(actual) && std::isnan(expected)))
+            << '"' << text << '"';
         EXPECT_EQ(std::signbit(actual), std::signbit(expected)) << '"' << text << '"';
     }
 }

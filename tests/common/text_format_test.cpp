@@ -83,8 +83,8 @@ std::string referencePrintf(const char* format, double value) {
 
 TEST(TextFormat, RandomValuesMatchTheCLibrary) {
     std::mt19937_64 random(20261122);
-    const char* formats[] = {"%0.3lf", "%0.4lf", "%0.8lf", "%8.3lf", "%10.3lf", "%-9.4lf", "%0.0lf",
-                             "%11.5lf", "%+0.2lf", "%06.1lf", "%f"};
+    const char* formats[] = {"%0.3lf", "%0.4lf",  "%0.8lf",  "%8.3lf",  "%10.3lf", "%-9.4lf",
+                             "%0.0lf", "%11.5lf", "%+0.2lf", "%06.1lf", "%f"};
     std::uniform_real_distribution<double> exponent(-8.0, 9.0);
     for (int i = 0; i < 20000; ++i) {
         double value = std::pow(10.0, exponent(random)) * ((random() & 1) ? -1.0 : 1.0);

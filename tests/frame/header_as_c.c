@@ -4,12 +4,10 @@
 
 typedef void (*AnyEntryPoint)(void);
 
-#define QUELCNV_ENTRY(name, result, arguments, state, help) (AnyEntryPoint)MyDll_##name,
+#define QUELCNV_ENTRY(name, result, arguments, state, help) (AnyEntryPoint) MyDll_##name,
 static const AnyEntryPoint entryPoints[] = {
 #include "entry_point_table.inc"
 };
 #undef QUELCNV_ENTRY
 
-int quelcnvEntryPointsSeenFromC(void) {
-    return (int)(sizeof entryPoints / sizeof entryPoints[0]);
-}
+int quelcnvEntryPointsSeenFromC(void) { return (int)(sizeof entryPoints / sizeof entryPoints[0]); }
