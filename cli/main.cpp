@@ -59,6 +59,12 @@ bool isPathArgument(std::string_view name) {
     return isInputArgument(name) || isOutputArgument(name) || name == "pathAp";
 }
 
+bool isReadableFile(const std::string& path) {
+    std::error_code error;
+    return !std::filesystem::is_directory(path, error) &&
+           static_cast<bool>(std::ifstream(path, std::ios::binary));
+}
+
 bool isSelection(const Operation& op) { return op.name.starts_with("selecciona"); }
 
 void setEnvironment(const char* name, const std::string& value) {
@@ -205,7 +211,7 @@ int runOperation(const Operation& op, std::vector<std::string> args) {
     if (auto error = argumentError(op, args)) return usageError(*error);
     auto names = op.argumentNames();
     for (std::size_t i = 0; i < names.size(); ++i) {
-        if (isInputArgument(names[i]) && !std::ifstream(args[i], std::ios::binary)) {
+        if (isInputArgument(names[i]) && !isReadableFile(args[i])) {
             std::cerr << "quelcnv: no se puede abrir el fichero de entrada: " << args[i] << "\n";
             return exitNoInput;
         }

@@ -42,6 +42,8 @@ TEST(Numbers, DecimalTextsReadAsCsStrtodReadsThem) {
         {"1e999", infinity, 5},
         {"-1e999", -infinity, 6},
         {"1e-999", 0.0, 6},
+        {"4e-320", 4e-320, 6},
+        {"1.7976931348623159e308", infinity, 22},
         {"123456789012345678901234567890", 1.2345678901234568e29, 30},
     };
     for (const Case& c : cases) {
