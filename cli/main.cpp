@@ -11,6 +11,12 @@
 #include <string>
 #include <vector>
 
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <unistd.h>
+#endif
+
 #include "cli/operations.h"
 #include "common/scratch.h"
 
@@ -127,8 +133,10 @@ std::optional<std::string> argumentError(const Operation& op,
                                          const std::vector<std::string>& args) {
     auto names = op.argumentNames();
     if (args.size() != names.size()) {
-        return "la operacion " + std::string(op.name) + " necesita " +
-               std::to_string(names.size()) + " argumentos: " + std::string(op.arguments);
+        std::string count =
+            names.size() == 1 ? "1 argumento" : std::to_string(names.size()) + " argumentos";
+        return "la operacion " + std::string(op.name) + " necesita " + count + ": " +
+               std::string(op.arguments);
     }
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (names[i] == "selec" && !isWholeNumber(args[i])) {
@@ -176,17 +184,24 @@ std::vector<std::string> writtenFiles(const Operation& op, const std::vector<std
     return files;
 }
 
-bool canWriteIn(const std::string& path) {
+// Whether a file could be created at this path: it is no folder, and it lies
+// in a folder this user may write in.
+bool canCreate(const std::string& path) {
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) return false;
     std::filesystem::path folder = std::filesystem::path(path).parent_path();
     if (folder.empty()) folder = ".";
-    std::error_code error;
-    auto status = std::filesystem::status(folder, error);
-    return !error && std::filesystem::is_directory(status);
+    if (!std::filesystem::is_directory(folder, error)) return false;
+#ifdef _WIN32
+    return _access(folder.string().c_str(), 2) == 0;
+#else
+    return access(folder.c_str(), W_OK) == 0;
+#endif
 }
 
 int reportFailure(const Operation& op, const std::vector<std::string>& args,
                   const std::string& missing) {
-    if (!missing.empty() && !canWriteIn(missing)) {
+    if (!missing.empty() && !canCreate(missing)) {
         std::cerr << "quelcnv: no se puede escribir el fichero de salida: " << missing << "\n";
         return exitFailed;
     }
@@ -252,7 +267,8 @@ int run(std::vector<std::string> words) {
             return exitDone;
         } else if (words[i] == "--crlf") {
             setEnvironment("QUELCNV_NEWLINE", "crlf");
-        } else if (words[i] == "--scratch" && i + 1 < words.size()) {
+        } else if (words[i] == "--scratch") {
+            if (i + 1 == words.size()) return usageError("--scratch necesita una carpeta");
             setEnvironment("QUELCNV_SCRATCH", words[++i]);
         } else {
             return usageError("opcion desconocida: " + words[i]);

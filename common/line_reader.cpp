@@ -1,5 +1,7 @@
 #include "common/line_reader.h"
 
+#include <sys/stat.h>
+
 #include <limits>
 
 namespace quelcnv {
@@ -19,6 +21,16 @@ bool seekFile(std::FILE* file, std::uint64_t offset) {
 #endif
 }
 
+bool isDirectory(std::FILE* file) {
+#ifdef _WIN32
+    struct _stat64 status;
+    return _fstat64(_fileno(file), &status) == 0 && (status.st_mode & _S_IFDIR) != 0;
+#else
+    struct stat status;
+    return fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode);
+#endif
+}
+
 }  // namespace
 
 LineReader::~LineReader() { close(); }
@@ -27,6 +39,10 @@ bool LineReader::open(const std::string& path) {
     close();
     file_ = std::fopen(path.c_str(), "rb");
     if (file_ == nullptr) return false;
+    if (isDirectory(file_)) {  // opens on some systems, but is no file to read
+        close();
+        return false;
+    }
     buffer_.resize(bufferSize);
     return true;
 }

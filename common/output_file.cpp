@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace quelcnv {
 
@@ -16,6 +17,14 @@ bool isRegularFile(std::FILE* file) {
     struct stat status;
     return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
 #endif
+}
+
+// The file a path names, through symbolic links, so that a failed output
+// removes the file that was written and not a link to it.
+std::string resolvedPath(const std::string& path) {
+    std::error_code error;
+    std::filesystem::path target = std::filesystem::canonical(path, error);
+    return error ? path : target.string();
 }
 
 }  // namespace
@@ -41,7 +50,7 @@ bool OutputFile::open(const std::string& path) {
     if (file_ != nullptr) closeAndRemove();
     file_ = std::fopen(path.c_str(), "wb");
     if (file_ == nullptr) return false;
-    path_ = path;
+    path_ = resolvedPath(path);
     newline_ = std::string(platformNewline());
     regularFile_ = isRegularFile(file_);
     failed_ = false;

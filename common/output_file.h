@@ -46,7 +46,7 @@ private:
     void closeAndRemove();
 
     std::FILE* file_ = nullptr;
-    std::string path_;
+    std::string path_;  // the file itself, symbolic links resolved
     std::string newline_;
     bool regularFile_ = false;
     bool failed_ = false;

@@ -1,5 +1,7 @@
 #include "common/scratch.h"
 
+#include <cstdint>
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -33,6 +35,13 @@ std::string environment(const char* name) {
     return value == nullptr ? std::string() : std::string(value);
 }
 
+// Threads of one process wait here before they take the inter-process lock;
+// the thread that holds it may ask again.
+std::recursive_mutex& threadLock() {
+    static std::recursive_mutex lock;
+    return lock;
+}
+
 }  // namespace
 
 #ifdef _WIN32
@@ -48,18 +57,37 @@ bool prepareFolder(const std::string& folder) {
            !(attributes & FILE_ATTRIBUTE_REPARSE_POINT);
 }
 
+// One mutex per scratch folder, named alike by every build of the library
+// (a 32-bit hash of the folder's name in upper case).
+std::string mutexName(const std::string& folder) {
+    if (folder.empty()) return "quelcnv-scratch";
+    std::uint32_t hash = 2166136261u;
+    for (char c : folder) {
+        char upper = (c >= 'a' && c <= 'z') ? static_cast<char>(c - 'a' + 'A') : c;
+        hash = (hash ^ static_cast<unsigned char>(upper)) * 16777619u;
+    }
+    char name[40];
+    std::snprintf(name, sizeof name, "quelcnv-scratch-%08x", static_cast<unsigned>(hash));
+    return name;
+}
+
+HANDLE openMutex(const std::string& name) {
+    HANDLE mutex = CreateMutexA(nullptr, FALSE, ("Global\\" + name).c_str());
+    if (mutex == nullptr) mutex = CreateMutexA(nullptr, FALSE, ("Local\\" + name).c_str());
+    return mutex;
+}
+
 }  // namespace
 
-ScratchSession::ScratchSession() {
+ScratchSession::ScratchSession() : thread_(threadLock()) {
     directory_ = environment("QUELCNV_SCRATCH");
     while (directory_.size() > 3 && (directory_.back() == '\\' || directory_.back() == '/')) {
         directory_.pop_back();
     }
     if (!directory_.empty() && !prepareFolder(directory_)) return;
-    HANDLE mutex = CreateMutexA(nullptr, FALSE, "Global\\quelcnv-scratch");
-    if (mutex == nullptr) mutex = CreateMutexA(nullptr, FALSE, "Local\\quelcnv-scratch");
+    HANDLE mutex = openMutex(mutexName(directory_));
     if (mutex == nullptr) return;
-    DWORD waited = WaitForSingleObject(mutex, INFINITE);
+    DWORD waited = WaitForSingleObject(mutex, INFINITE);  // owned again by the same thread
     if (waited != WAIT_OBJECT_0 && waited != WAIT_ABANDONED) {
         CloseHandle(mutex);
         return;
@@ -86,6 +114,19 @@ std::string ScratchSession::path(ScratchFile file) const {
 
 namespace {
 
+// The inter-process lock this process holds, shared by nested sessions on
+// the same directory. Guarded by threadLock().
+struct HeldLock {
+    std::string directory;
+    int file = -1;
+    int sessions = 0;
+};
+
+HeldLock& heldLock() {
+    static HeldLock held;
+    return held;
+}
+
 std::string configuredDirectory() {
     std::string directory = environment("QUELCNV_SCRATCH");
     if (directory.empty()) {
@@ -98,22 +139,28 @@ std::string configuredDirectory() {
     return directory;
 }
 
-// Creates the directory when missing and opens it, refusing a symbolic link
-// and a directory of another user. -1 when refused.
+// Creates the directory when missing and opens it, refusing a symbolic link,
+// a directory of another user and one that others may write in. -1 when refused.
 int openOwnDirectory(const std::string& directory) {
     if (mkdir(directory.c_str(), 0700) != 0 && errno != EEXIST) return -1;
     int fd = open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     if (fd < 0) return -1;
     struct stat status;
-    if (fstat(fd, &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid()) {
+    if (fstat(fd, &status) != 0 || !S_ISDIR(status.st_mode) || status.st_uid != geteuid() ||
+        (status.st_mode & (S_IWGRP | S_IWOTH)) != 0) {
         close(fd);
         return -1;
     }
     return fd;
 }
 
-int lockDirectory(int directoryFd) {
+// Takes the exclusive lock of a scratch directory, waiting for another
+// process that holds it. The open lock file, or -1.
+int lockDirectory(const std::string& directory) {
+    int directoryFd = openOwnDirectory(directory);
+    if (directoryFd < 0) return -1;
     int fd = openat(directoryFd, ".quelcnv.lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600);
+    close(directoryFd);
     if (fd < 0) return -1;
     int locked;
     do {
@@ -128,17 +175,32 @@ int lockDirectory(int directoryFd) {
 
 }  // namespace
 
-ScratchSession::ScratchSession() {
+ScratchSession::ScratchSession() : thread_(threadLock()) {
     directory_ = configuredDirectory();
-    int directoryFd = openOwnDirectory(directory_);
-    if (directoryFd < 0) return;
-    lockFile_ = lockDirectory(directoryFd);
-    close(directoryFd);
-    ready_ = lockFile_ >= 0;
+    HeldLock& held = heldLock();
+    if (held.sessions > 0 && held.directory == directory_) {
+        ++held.sessions;
+        shared_ = ready_ = true;
+        return;
+    }
+    int fd = lockDirectory(directory_);
+    if (fd < 0) return;
+    ready_ = true;
+    if (held.sessions == 0) {
+        held = {directory_, fd, 1};
+        shared_ = true;
+    } else {
+        ownLock_ = fd;
+    }
 }
 
 ScratchSession::~ScratchSession() {
-    if (lockFile_ >= 0) close(lockFile_);  // closing releases the lock
+    HeldLock& held = heldLock();
+    if (shared_ && --held.sessions == 0) {
+        close(held.file);  // closing releases the lock
+        held = HeldLock();
+    }
+    if (ownLock_ >= 0) close(ownLock_);
 }
 
 std::string ScratchSession::path(ScratchFile file) const {

@@ -2,6 +2,7 @@
 // overwriting each other's.
 #pragma once
 
+#include <mutex>
 #include <string>
 
 namespace quelcnv {
@@ -16,11 +17,13 @@ enum class ScratchFile {
 // The scratch directory, locked for one conversion from its first to its last
 // scratch access. Elsewhere than on Windows the directory is $QUELCNV_SCRATCH,
 // else $XDG_RUNTIME_DIR/quelcnv, else /tmp/quelcnv-<uid>; it is created with
-// mode 0700, and one that is a symbolic link or belongs to another user is
-// refused. On Windows the files keep their original paths ("c:\temp.$$$",
-// "temp.$$$", "c:\$$$$.EJE", "c:\prueba.$$$"), where the host looks for them,
-// unless QUELCNV_SCRATCH names another folder; the lock is a named mutex.
-// Two processes converting at once wait for each other.
+// mode 0700, and one that is a symbolic link, belongs to another user, or
+// that others may write in, is refused. On Windows the files keep their
+// original paths ("c:\temp.$$$", "temp.$$$", "c:\$$$$.EJE", "c:\prueba.$$$"),
+// where the host looks for them, unless QUELCNV_SCRATCH names another folder;
+// the lock is a named mutex. Two processes converting at once wait for each
+// other, and so do two threads. Sessions nest: a conversion that holds the
+// lock may run another that asks for it again.
 class ScratchSession {
 public:
     ScratchSession();
@@ -34,12 +37,14 @@ public:
     std::string path(ScratchFile file) const;
 
 private:
+    std::unique_lock<std::recursive_mutex> thread_;
     std::string directory_;
     bool ready_ = false;
 #ifdef _WIN32
     void* mutex_ = nullptr;
 #else
-    int lockFile_ = -1;
+    bool shared_ = false;  // holds the process's lock on this directory
+    int ownLock_ = -1;     // a lock on another directory than the process's
 #endif
 };
 

@@ -126,18 +126,25 @@ std::string formatUnsigned(const Spec& spec, long long value) {
 }
 
 // Infinity and not-a-number are left to the platform's C runtime, whose
-// spelling the hosts know ("inf", "-nan" or "-nan(ind)").
+// spelling the hosts know ("inf", "-nan" or "-nan(ind)"); the specification
+// is handed over whole, precision included, as some runtimes use it.
 std::string formatNonFinite(const Spec& spec, double value) {
     std::string format = "%";
     if (spec.left) format += '-';
     if (spec.plus) format += '+';
     if (spec.blank) format += ' ';
     format += std::to_string(spec.width);
+    if (spec.precision >= 0) {
+        format += '.';
+        format += std::to_string(spec.precision);
+    }
     format += spec.conversion;
-    char buffer[64];
-    int length = std::snprintf(buffer, sizeof buffer, format.c_str(), value);
-    if (length < 0) return "";
-    return std::string(buffer, static_cast<std::size_t>(std::min(length, 63)));
+    int length = std::snprintf(nullptr, 0, format.c_str(), value);
+    if (length <= 0) return "";
+    std::string out(static_cast<std::size_t>(length) + 1, '\0');
+    std::snprintf(out.data(), out.size(), format.c_str(), value);
+    out.resize(static_cast<std::size_t>(length));
+    return out;
 }
 
 std::string formatReal(const Spec& spec, double value) {
@@ -157,7 +164,9 @@ std::string formatOne(const Spec& spec, const FormatArg& arg, std::string_view f
         case 'd':
         case 'i':
             if (arg.kind() != Kind::whole) badFormat(format);
-            return formatSigned(spec, arg.whole());
+            // Without "ll" the value is a C int.
+            return formatSigned(
+                spec, spec.longLong ? arg.whole() : static_cast<std::int32_t>(arg.whole()));
         case 'u':
         case 'x':
         case 'X':

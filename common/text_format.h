@@ -21,7 +21,8 @@ public:
     FormatArg(unsigned long value) : kind_(Kind::whole), whole_(static_cast<long long>(value)) {}
     FormatArg(char value) : kind_(Kind::whole), whole_(static_cast<unsigned char>(value)) {}
     FormatArg(double value) : kind_(Kind::real), real_(value) {}
-    FormatArg(const char* value) : kind_(Kind::text), text_(value) {}
+    // A null text prints as "(null)", as glibc prints it.
+    FormatArg(const char* value) : kind_(Kind::text), text_(value ? value : "(null)") {}
     FormatArg(std::string_view value) : kind_(Kind::text), text_(value) {}
     FormatArg(const std::string& value) : kind_(Kind::text), text_(value) {}
 
@@ -39,8 +40,9 @@ private:
 
 // Formats the arguments with a printf format. Conversions: d i u x X c s f F
 // and %%, with the flags - + blank 0 #, a width, a precision and the length
-// modifiers h l ll (accepted and ignored, as in "%0.3lf"). The unsigned
-// conversions print the 32-bit value. Not-a-number and infinity print as the
+// modifiers h l ll ("%0.3lf"; h and l change nothing). Without ll, %d and
+// %i print the value as a 32-bit int and the unsigned conversions its
+// 32-bit pattern. Not-a-number and infinity print as the
 // platform's C runtime prints them. A format the converters never use, or an
 // argument of the wrong kind, throws std::invalid_argument.
 std::string formatArgs(std::string_view format, std::initializer_list<FormatArg> args);

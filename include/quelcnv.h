@@ -8,6 +8,10 @@
  * except `selec`, a zero-based index. Results: 1 done, 0 failed, unless an
  * entry point says otherwise. Usable from C and C++; on 32-bit Windows the
  * entry points use the standard Windows calling convention.
+ *
+ * Each comment below gives the entry point's behaviour once its converter is
+ * built. Until then the entry point converts nothing and returns 0; the table
+ * frame/entry_points.txt, and "quelcnv lista", tell which are available.
  */
 #ifndef QUELCNV_H
 #define QUELCNV_H

@@ -107,6 +107,7 @@ TEST_F(CommandTest, UsageErrorsExitWithTwo) {
         EXPECT_NE(misuse.err.find("Uso:"), std::string::npos);
     }
     EXPECT_NE(run({"velm2arcview", "a"}).err.find("necesita 2 argumentos"), std::string::npos);
+    EXPECT_NE(run({"--scratch"}).err.find("--scratch necesita una carpeta"), std::string::npos);
 }
 
 TEST_F(CommandTest, MissingInputExitsWithThree) {

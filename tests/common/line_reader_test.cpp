@@ -119,9 +119,11 @@ TEST_F(LineReaderTest, BothEndOfFileRules) {
     EXPECT_EQ(used, (std::vector<std::string>{"1\n", "2\n", "3"}));
 }
 
-TEST_F(LineReaderTest, MissingFileDoesNotOpen) {
+TEST_F(LineReaderTest, MissingFileOrFolderDoesNotOpen) {
     LineReader reader;
     EXPECT_FALSE(reader.open(file("missing.txt")));
+    EXPECT_FALSE(reader.open(dir_.path().string()));
+    EXPECT_EQ(countLines(dir_.path().string()), 0);
 }
 
 TEST_F(LineReaderTest, CountLinesCountsReadsBeforeTheEndPlusOne) {

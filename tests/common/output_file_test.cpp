@@ -82,6 +82,25 @@ TEST_F(OutputFileTest, FailedWriteRemovesARegularFile) {
     EXPECT_FALSE(std::filesystem::exists(file("full.txt")));
 }
 
+TEST_F(OutputFileTest, FailedWriteThroughALinkRemovesTheFileWritten) {
+    std::filesystem::create_symlink(file("target.txt"), file("link.txt"));
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit previous;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &previous), 0);
+    rlimit small = previous;
+    small.rlim_cur = 1000;
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    OutputFile out;
+    bool opened = out.open(file("link.txt"));
+    for (int i = 0; i < 1000; ++i) out.write("0123456789\n");
+    bool finished = out.finish();
+    setrlimit(RLIMIT_FSIZE, &previous);
+    ASSERT_TRUE(opened);
+    EXPECT_FALSE(finished);
+    EXPECT_FALSE(std::filesystem::exists(file("target.txt")));
+    EXPECT_TRUE(std::filesystem::is_symlink(file("link.txt")));
+}
+
 TEST_F(OutputFileTest, FailedWriteNeverRemovesADevice) {
     OutputFile out;
     ASSERT_TRUE(out.open("/dev/full"));

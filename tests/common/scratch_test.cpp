@@ -24,6 +24,14 @@ class ScratchTest : public ::testing::Test {
 protected:
     test::TempDir dir_;
     std::string folder(std::string_view name) const { return dir_.file(name); }
+
+    // Another open of the lock file stands for another process.
+    bool otherProcessCanLock() const {
+        int fd = open((folder("scratch") + "/.quelcnv.lock").c_str(), O_RDWR);
+        bool locked = fd >= 0 && flock(fd, LOCK_EX | LOCK_NB) == 0;
+        if (fd >= 0) close(fd);
+        return locked;
+    }
 };
 
 TEST_F(ScratchTest, FixedNamesLiveInTheConfiguredDirectory) {
@@ -69,6 +77,15 @@ TEST_F(ScratchTest, DirectoryOfAnotherUserIsRefused) {
     EXPECT_FALSE(ScratchSession().ready());
 }
 
+TEST_F(ScratchTest, DirectoryOthersMayWriteInIsRefused) {
+    fs::create_directory(folder("shared"));
+    fs::permissions(folder("shared"), fs::perms::owner_all | fs::perms::group_all);
+    test::ScopedEnv scratch("QUELCNV_SCRATCH", folder("shared"));
+    EXPECT_FALSE(ScratchSession().ready());
+    fs::permissions(folder("shared"), fs::perms::owner_all | fs::perms::others_read);
+    EXPECT_TRUE(ScratchSession().ready());
+}
+
 TEST_F(ScratchTest, MissingParentIsRefused) {
     test::ScopedEnv scratch("QUELCNV_SCRATCH", folder("no/such/folder"));
     EXPECT_FALSE(ScratchSession().ready());
@@ -76,16 +93,23 @@ TEST_F(ScratchTest, MissingParentIsRefused) {
 
 TEST_F(ScratchTest, SessionHoldsAnExclusiveLockUntilItEnds) {
     test::ScopedEnv scratch("QUELCNV_SCRATCH", folder("scratch"));
-    // Another open of the lock file stands for another process.
-    auto otherProcessCanLock = [&] {
-        int fd = open((folder("scratch") + "/.quelcnv.lock").c_str(), O_RDWR);
-        bool locked = fd >= 0 && flock(fd, LOCK_EX | LOCK_NB) == 0;
-        if (fd >= 0) close(fd);
-        return locked;
-    };
     {
         ScratchSession session;
         ASSERT_TRUE(session.ready());
+        EXPECT_FALSE(otherProcessCanLock());
+    }
+    EXPECT_TRUE(otherProcessCanLock());
+}
+
+TEST_F(ScratchTest, NestedSessionsShareTheLockUntilTheOuterOneEnds) {
+    test::ScopedEnv scratch("QUELCNV_SCRATCH", folder("scratch"));
+    {
+        ScratchSession outer;
+        ASSERT_TRUE(outer.ready());
+        {
+            ScratchSession inner;  // would wait for itself if the lock were taken again
+            EXPECT_TRUE(inner.ready());
+        }
         EXPECT_FALSE(otherProcessCanLock());
     }
     EXPECT_TRUE(otherProcessCanLock());

@@ -55,6 +55,9 @@ TEST(TextFormat, WidthsFlagsAndTexts) {
     EXPECT_EQ(formatText("%-44s|", "EMPRESA: X").size(), 45u);
     EXPECT_EQ(formatText("100%% %c", 'A'), "100% A");
     EXPECT_EQ(formatText("%s\n", std::string("line")), "line\n");
+    EXPECT_EQ(formatText("%s", static_cast<const char*>(nullptr)), "(null)");
+    // Without ll a whole number is a C int.
+    EXPECT_EQ(formatText("%d %lld", 4294967295u, 4294967296LL), "-1 4294967296");
 }
 
 TEST(TextFormat, UnsupportedFormatsAndWrongArgumentsThrow) {
@@ -100,7 +103,7 @@ TEST(TextFormat, NotANumberAndInfinityPrintAsThePlatformDoes) {
     double nan = std::numeric_limits<double>::quiet_NaN();
     double inf = std::numeric_limits<double>::infinity();
     for (double value : {nan, -nan, inf, -inf}) {
-        for (const char* format : {"%0.3lf", "%8.3lf", "%-8.3lf"}) {
+        for (const char* format : {"%0.3lf", "%8.3lf", "%-8.3lf", "%80f", "%+.0f"}) {
             EXPECT_EQ(formatText(format, value), referencePrintf(format, value)) << format;
         }
     }
