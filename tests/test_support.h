@@ -1,5 +1,5 @@
-// Helpers shared by the tests: files, temporary folders, environment, and a
-// byte-for-byte comparison that tells where two outputs part.
+// Helpers shared by the tests: files, a temporary folder that is also the
+// scratch directory, environment variables, and byte comparison.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,39 +7,16 @@
 #include <filesystem>
 #include <optional>
 #include <string>
-#include <string_view>
 
 namespace quelcnv::test {
 
 std::string readBytes(const std::filesystem::path& path);
 void writeBytes(const std::filesystem::path& path, std::string_view bytes);
-
-// The text with every LF written as the platform's newline, as the library
-// writes its outputs.
+// The text with every LF as the platform's newline, as the library writes it.
 std::string withPlatformNewlines(std::string_view text);
-
-// Equal bytes, or a message naming the first differing line and byte offset.
-::testing::AssertionResult sameBytes(std::string_view actual, std::string_view expected);
-
-// A path under tests/data.
 std::filesystem::path testData(std::string_view relative);
 
-// A fresh folder, removed with everything in it when the object goes.
-class TempDir {
-public:
-    TempDir();
-    TempDir(const TempDir&) = delete;
-    TempDir& operator=(const TempDir&) = delete;
-    ~TempDir();
-    const std::filesystem::path& path() const { return path_; }
-    std::string file(std::string_view name) const { return (path_ / name).string(); }
-
-private:
-    std::filesystem::path path_;
-};
-
-// Sets (or, with nullopt, unsets) an environment variable for the life of the
-// object, then restores it.
+// Sets (or, with nullopt, unsets) an environment variable until destroyed.
 class ScopedEnv {
 public:
     ScopedEnv(std::string name, std::optional<std::string> value);
@@ -52,15 +29,19 @@ private:
     std::optional<std::string> previous_;
 };
 
-// A test with its own temporary folder, which is also its scratch directory.
+// A test with a fresh folder of its own, whose "scratch" subfolder is the
+// scratch directory; the folder is removed afterwards.
 class FolderTest : public ::testing::Test {
 protected:
-    TempDir dir_;
-    ScopedEnv scratch_{"QUELCNV_SCRATCH", (dir_.path() / "scratch").string()};
-    std::string file(std::string_view name) const { return dir_.file(name); }
+    FolderTest();
+    ~FolderTest() override;
+    std::string file(std::string_view name) const { return (dir_ / name).string(); }
     std::string scratchFile(std::string_view name) const {
-        return (dir_.path() / "scratch" / name).string();
+        return file("scratch/" + std::string(name));
     }
+
+    std::filesystem::path dir_;
+    std::optional<ScopedEnv> scratch_;
 };
 
 }  // namespace quelcnv::test
