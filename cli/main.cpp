@@ -1,6 +1,6 @@
 // quelcnv: the command over the library. Every entry point is an operation
 // called by its name without "MyDll_", with its arguments in order.
-#include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -118,14 +118,12 @@ int showHelp(const Operation& op) {
     return exitDone;
 }
 
+// A 32-bit whole number and nothing else, as selec must be.
 bool isWholeNumber(const std::string& text) {
-    std::size_t start = (!text.empty() && (text[0] == '-' || text[0] == '+')) ? 1 : 0;
-    if (start == text.size() || text.size() > 11) return false;
-    for (std::size_t i = start; i < text.size(); ++i) {
-        if (text[i] < '0' || text[i] > '9') return false;
-    }
-    long long value = std::stoll(text);
-    return value >= -2147483648LL && value <= 2147483647LL;
+    const char* first = text.data() + (text.starts_with('+') ? 1 : 0);
+    int value = 0;
+    auto [end, error] = std::from_chars(first, text.data() + text.size(), value);
+    return error == std::errc() && end == text.data() + text.size();
 }
 
 // Checks the arguments against the operation; an error message, or nothing.

@@ -1,8 +1,8 @@
 #include "common/line_reader.h"
 
-#include <sys/stat.h>
-
 #include <limits>
+
+#include "common/file_status.h"
 
 namespace quelcnv {
 
@@ -18,16 +18,6 @@ bool seekFile(std::FILE* file, std::uint64_t offset) {
 #else
     if (offset > static_cast<std::uint64_t>(std::numeric_limits<off_t>::max())) return false;
     return fseeko(file, static_cast<off_t>(offset), SEEK_SET) == 0;
-#endif
-}
-
-bool isDirectory(std::FILE* file) {
-#ifdef _WIN32
-    struct _stat64 status;
-    return _fstat64(_fileno(file), &status) == 0 && (status.st_mode & _S_IFDIR) != 0;
-#else
-    struct stat status;
-    return fstat(fileno(file), &status) == 0 && S_ISDIR(status.st_mode);
 #endif
 }
 

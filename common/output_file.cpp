@@ -1,23 +1,13 @@
 #include "common/output_file.h"
 
-#include <sys/stat.h>
-
 #include <cstdlib>
 #include <filesystem>
+
+#include "common/file_status.h"
 
 namespace quelcnv {
 
 namespace {
-
-bool isRegularFile(std::FILE* file) {
-#ifdef _WIN32
-    struct _stat64 status;
-    return _fstat64(_fileno(file), &status) == 0 && (status.st_mode & _S_IFREG) != 0;
-#else
-    struct stat status;
-    return fstat(fileno(file), &status) == 0 && S_ISREG(status.st_mode);
-#endif
-}
 
 // The file a path names, through symbolic links, so that a failed output
 // removes the file that was written and not a link to it.

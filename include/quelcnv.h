@@ -80,7 +80,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_traCartomap2ruxo(const char* entrada, const c
 /* Comma-separated cross-section points to fixed-width RUXO lines. 1 done,
  * 0 when entrada or salida can't be opened. */
 QUELCNV_API int QUELCNV_CALL MyDll_traruxo2nevo(const char* entrada, const char* salida);
-/* Cross sections to LandXML: not specified in this version. */
+/* Cross sections to LandXML: not provided in this version. */
 QUELCNV_API int QUELCNV_CALL MyDll_travelm2landxml(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_tracliptrv2landxml(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_traclip2landxml(const char* entrada, const char* salida);
@@ -154,7 +154,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_rlandxml2nevo(const char* nombreRas, const ch
                                                  const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_rlandxml2nevoWCE(const char* nombreRas, const char* entrada,
                                                     const char* salida);
-/* Profiles to LandXML: not specified in this version. */
+/* Profiles to LandXML: not provided in this version. */
 QUELCNV_API int QUELCNV_CALL MyDll_rvelm2landxml(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_ristram2landxml(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_rispol2landxml(const char* entrada, const char* salida);
@@ -179,7 +179,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_anivel2ing(const char* entrada, const char* s
  * NEVO observation list to Medrix observations. 1 done, 0 failed. */
 QUELCNV_API int QUELCNV_CALL MyDll_topoLea2Medrix(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_lectnevo2medrix(const char* entrada, const char* salida);
-/* Robotic total-station readings into a report: not specified in this version. */
+/* Robotic total-station readings into a report: not provided in this version. */
 QUELCNV_API int QUELCNV_CALL MyDll_procesaRobotizada(const char* lecturas, const char* puntos,
                                                      const char* salida, const char* trabajo,
                                                      const char* operario, const char* descripcion,
@@ -188,7 +188,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_procesaRobotizada(const char* lecturas, const
 /* Job name, date and time of a robotic readings file, one per line.
  * 1 done, 0 failed. */
 QUELCNV_API int QUELCNV_CALL MyDll_procesaCabecera(const char* lecturas, const char* salida);
-/* CLIP cross-section report: not specified in this version. */
+/* CLIP cross-section report: not provided in this version. */
 QUELCNV_API int QUELCNV_CALL MyDll_clipST2ruxo(const char* lecturas, const char* salida1,
                                                const char* salida2);
 
