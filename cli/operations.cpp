@@ -61,9 +61,9 @@ int call(int(QUELCNV_CALL* fn)(const char*, const char*, const char*, const char
               text(a, 7), text(a, 8));
 }
 
-template <auto entryPoint>
-int invoke(Args& arguments) {
-    return call(entryPoint, arguments);
+template <typename EntryPoint>
+int invokeAs(EntryAddress entry, Args& arguments) {
+    return call(reinterpret_cast<EntryPoint>(entry), arguments);
 }
 
 #define QUELCNV_RESULT_int ResultKind::integer
@@ -74,7 +74,7 @@ int invoke(Args& arguments) {
               QUELCNV_RESULT_##result,                      \
               Availability::state,                          \
               help,                                         \
-              &invoke<&MyDll_##name>},
+              &invokeAs<decltype(&MyDll_##name)>},
 
 const Operation table[] = {
 #include "entry_point_table.inc"

@@ -12,11 +12,15 @@ namespace quelcnv::cli {
 enum class ResultKind { none, integer };
 enum class Availability { built, pending, unavailable };
 
-// Calls the entry point with the arguments in its order; a selec argument
-// must already have been checked to be a whole number. The sample entry
-// point's buffer comes back in place of its argument. Returns the entry
-// point's result, or 0 when it returns nothing.
-using Invoker = int (*)(std::vector<std::string>& arguments);
+// The address of an entry point, whatever its signature, as a program that
+// loads the library finds it; each operation knows the signature to call.
+using EntryAddress = void (*)();
+
+// Calls the entry point at that address with the arguments in its order; a
+// selec argument must already have been checked to be a whole number. The
+// sample entry point's buffer comes back in place of its argument. Returns
+// the entry point's result, or 0 when it returns nothing.
+using Invoker = int (*)(EntryAddress entry, std::vector<std::string>& arguments);
 
 struct Operation {
     std::string_view name;       // the entry point's name without "MyDll_"
@@ -24,9 +28,11 @@ struct Operation {
     ResultKind result;
     Availability availability;
     std::string_view help;  // Spanish help text
-    Invoker invoke;
+    Invoker invokeAt;
 
     std::vector<std::string_view> argumentNames() const;
+    // Calls the entry point of the library the program is linked with.
+    int invoke(std::vector<std::string>& values) const;
 };
 
 // All operations, in the order of the type library.

@@ -2,7 +2,13 @@
 # generates from it what the build needs, so that the table is the only list:
 #   entry_point_table.inc    QUELCNV_ENTRY(name, result, "arguments", state, "help") rows
 #   pending_entry_points.cpp the entry points still waiting for their converter
-#   quelcnv.def              the module definition of the Windows DLL
+#   quelcnv.def              the module definition of the Windows DLL (bare names)
+#   quelcnv-stdcall.def      the same for 32-bit Windows, naming the decorated
+#                            symbols (name@bytes) that the linker exports bare
+#   quelcnv.idl              the type library: the module MyDllFunctions with
+#                            every entry point, and the enumeration RotateDirection
+
+set(_quelcnv_idl_template "${CMAKE_CURRENT_LIST_DIR}/../frame/quelcnv.idl.in")
 
 # C type of an argument, by its name (the type library's names).
 function(_quelcnv_argument_type name out_var)
@@ -12,6 +18,17 @@ function(_quelcnv_argument_type name out_var)
     set(${out_var} "char*" PARENT_SCOPE)
   else()
     set(${out_var} "const char*" PARENT_SCOPE)
+  endif()
+endfunction()
+
+# IDL declaration of an argument, by its name.
+function(_quelcnv_idl_argument name out_var)
+  if(name STREQUAL "selec")
+    set(${out_var} "[in] int ${name}" PARENT_SCOPE)
+  elseif(name STREQUAL "sMyString")
+    set(${out_var} "[in, out, string] char* ${name}" PARENT_SCOPE)
+  else()
+    set(${out_var} "[in, string] char* ${name}" PARENT_SCOPE)
   endif()
 endfunction()
 
@@ -39,6 +56,8 @@ function(quelcnv_generate_entry_points table out_dir)
   set(rows "")
   set(stubs "")
   set(def "LIBRARY quelcnv\nEXPORTS\n")
+  set(stdcall_def "LIBRARY quelcnv\nEXPORTS\n")
+  set(idl_functions "")
   set(count 0)
   foreach(line IN LISTS lines)
     if(line MATCHES "^#" OR line STREQUAL "")
@@ -61,9 +80,26 @@ function(quelcnv_generate_entry_points table out_dir)
     _quelcnv_c_string("${help}" help_text)
     string(APPEND rows "QUELCNV_ENTRY(${name}, ${result}, ${arguments_text}, ${state}, ${help_text})\n")
     string(APPEND def "    MyDll_${name}\n")
+    string(REPLACE " " ";" argument_names "${arguments}")
+    list(LENGTH argument_names argument_count)
+    math(EXPR argument_bytes "4 * ${argument_count}")
+    string(APPEND stdcall_def "    MyDll_${name}@${argument_bytes}\n")
+    set(idl_arguments "")
+    foreach(argument IN LISTS argument_names)
+      _quelcnv_idl_argument("${argument}" declaration)
+      list(APPEND idl_arguments "${declaration}")
+    endforeach()
+    list(JOIN idl_arguments ", " idl_arguments)
+    if(result STREQUAL "int")
+      set(idl_result "int")
+    else()
+      set(idl_result "void")
+    endif()
+    string(APPEND idl_functions
+      "        [entry(\"MyDll_${name}\"), helpstring(${help_text})]\n"
+      "        ${idl_result} __stdcall MyDll_${name}(${idl_arguments});\n")
     math(EXPR count "${count} + 1")
     if(state STREQUAL "pending")
-      string(REPLACE " " ";" argument_names "${arguments}")
       set(parameters "")
       foreach(argument IN LISTS argument_names)
         _quelcnv_argument_type("${argument}" type)
@@ -86,4 +122,6 @@ function(quelcnv_generate_entry_points table out_dir)
   _quelcnv_write_if_changed("${out_dir}/pending_entry_points.cpp"
     "${banner}// Entry points whose converter is not built yet: they convert nothing and return 0.\n#include \"quelcnv.h\"\n\nextern \"C\" {\n${stubs}}\n")
   _quelcnv_write_if_changed("${out_dir}/quelcnv.def" "${def}")
+  _quelcnv_write_if_changed("${out_dir}/quelcnv-stdcall.def" "${stdcall_def}")
+  configure_file("${_quelcnv_idl_template}" "${out_dir}/quelcnv.idl" @ONLY)
 endfunction()

@@ -126,8 +126,23 @@ std::string formatUnsigned(const Directive& directive, long long value) {
     return pad(directive, prefix, digits, directive.precision < 0);
 }
 
+// The platform's C runtime's own printf. On Windows that is the system's
+// msvcrt, as for the original library ("1.#INF00", "-1.#IND00"), not the
+// exact printf that the C++ runtime puts in its place.
+template <typename... Values>
+int systemPrintf(char* out, std::size_t size, const char* format, Values... values) {
+#ifdef _WIN32
+    if (size == 0) return _scprintf(format, values...);
+    int length = _snprintf(out, size, format, values...);
+    out[size - 1] = '\0';
+    return length;
+#else
+    return std::snprintf(out, size, format, values...);
+#endif
+}
+
 // Infinity and not-a-number are left to the platform's C runtime, whose
-// spelling the hosts know ("inf", "-nan" or "-nan(ind)"); flags, width and
+// spelling the hosts know ("inf", "-nan" or "1.#QNAN0"); flags, width and
 // precision are handed over whole, as some runtimes use the precision too.
 std::string formatNonFinite(const Directive& directive, double value) {
     std::string format = "%";
@@ -140,10 +155,10 @@ std::string formatNonFinite(const Directive& directive, double value) {
         format += std::to_string(directive.precision);
     }
     format += directive.conversion;
-    int length = std::snprintf(nullptr, 0, format.c_str(), value);
+    int length = systemPrintf(nullptr, 0, format.c_str(), value);
     if (length <= 0) return "";
     std::string out(static_cast<std::size_t>(length) + 1, '\0');
-    std::snprintf(out.data(), out.size(), format.c_str(), value);
+    systemPrintf(out.data(), out.size(), format.c_str(), value);
     out.resize(static_cast<std::size_t>(length));
     return out;
 }

@@ -16,6 +16,11 @@ void writeBytes(const std::filesystem::path& path, std::string_view bytes);
 std::string withPlatformNewlines(std::string_view text);
 std::filesystem::path testData(std::string_view relative);
 
+// The C library's decimal conversion and printf in the "C" locale, whatever
+// the process locale: the references the library's own conversions match.
+double cStrtod(const char* text);
+std::string cPrintf(const char* format, double value);
+
 // Sets (or, with nullopt, unsets) an environment variable until destroyed.
 class ScopedEnv {
 public:

@@ -1,9 +1,15 @@
 // The command quelcnv, run as a separate process.
 #include <gtest/gtest.h>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <sys/wait.h>
+#endif
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 #include "tests/test_support.h"
 
@@ -19,11 +25,50 @@ class CommandTest : public test::FolderTest {
 protected:
     // Runs the command with these arguments, capturing both output streams.
     CommandRun run(const std::vector<std::string>& arguments) {
-        std::string command = QUELCNV_COMMAND;
-        for (const std::string& argument : arguments) command += " '" + argument + "'";
-        int status = std::system((command + " >" + file("out") + " 2>" + file("err")).c_str());
-        return {WEXITSTATUS(status), test::readBytes(file("out")), test::readBytes(file("err"))};
+        std::string command = quoted(commandPath());
+        for (const std::string& argument : arguments) {
+            command += ' ';
+            command += quoted(argument);
+        }
+        command += " >";
+        command += quoted(file("out"));
+        command += " 2>";
+        command += quoted(file("err"));
+        int status = std::system(shellLine(command).c_str());
+        return {exitStatus(status), consoleText(file("out")), consoleText(file("err"))};
     }
+
+    // What the command printed, with the console's newlines read as LF.
+    static std::string consoleText(const std::string& path) {
+        std::string text = test::readBytes(path);
+        for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+        return text;
+    }
+
+    static std::string enclosed(const std::string& text, char quote) {
+        std::string out(1, quote);
+        out += text;
+        out += quote;
+        return out;
+    }
+
+#ifdef _WIN32
+    // The command beside the test program, and the shell's quoting and status.
+    static std::string commandPath() {
+        char path[MAX_PATH];
+        GetModuleFileNameA(nullptr, path, MAX_PATH);
+        return (std::filesystem::path(path).parent_path() / "quelcnv.exe").string();
+    }
+    static std::string quoted(const std::string& text) { return enclosed(text, '"'); }
+    static int exitStatus(int status) { return status; }
+    // cmd /c drops the first and the last quote of a line that starts with one.
+    static std::string shellLine(const std::string& command) { return enclosed(command, '"'); }
+#else
+    static std::string commandPath() { return QUELCNV_COMMAND; }
+    static std::string quoted(const std::string& text) { return enclosed(text, '\''); }
+    static int exitStatus(int status) { return WEXITSTATUS(status); }
+    static std::string shellLine(const std::string& command) { return command; }
+#endif
 };
 
 TEST_F(CommandTest, ListaShowsTheSixtyOperationsAndAyudaOne) {

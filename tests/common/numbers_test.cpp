@@ -1,11 +1,12 @@
 #include "common/numbers.h"
 
 #include <gtest/gtest.h>
-#include <locale.h>
 
 #include <cmath>
 #include <limits>
 #include <random>
+
+#include "tests/test_support.h"
 
 namespace quelcnv {
 namespace {
@@ -33,13 +34,12 @@ TEST(Numbers, DecimalTextsReadAsStrtodInTheCLocaleButDecimalOnly) {
 }
 
 TEST(Numbers, RandomDecimalTextsMatchTheCLibrary) {
-    static locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
     std::mt19937 random(20261122);
     const char alphabet[] = "0123456789.eE+- ";
     for (int i = 0; i < 20000; ++i) {
         std::string text;
         for (int j = 1 + random() % 24; j > 0; --j) text += alphabet[random() % 16];
-        double expected = strtod_l(text.c_str(), nullptr, c);
+        double expected = test::cStrtod(text.c_str());
         ASSERT_EQ(parseNumber(text), expected) << text;
         ASSERT_EQ(std::signbit(parseNumber(text)), std::signbit(expected)) << text;
     }

@@ -1,11 +1,17 @@
 #include "common/scratch.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
+
+#include <atomic>
+#include <chrono>
+#include <filesystem>
+#include <thread>
+
+#ifndef _WIN32
+#include <fcntl.h>
 #include <sys/file.h>
 #include <unistd.h>
-
-#include <filesystem>
+#endif
 
 #include "tests/test_support.h"
 
@@ -20,6 +26,7 @@ protected:
         test::ScopedEnv scratch("QUELCNV_SCRATCH", directory);
         return ScratchSession().ready();
     }
+#ifndef _WIN32
     // Another open of the lock file stands for another process.
     bool otherProcessCanLock() const {
         int fd = open(scratchFile(".quelcnv.lock").c_str(), O_RDWR);
@@ -27,7 +34,46 @@ protected:
         if (fd >= 0) close(fd);
         return locked;
     }
+#endif
 };
+
+TEST_F(ScratchTest, AnotherThreadWaitsForTheSessionToEnd) {
+    std::atomic<bool> entered = false;
+    std::thread other;
+    {
+        ScratchSession session;
+        ASSERT_TRUE(session.ready());
+        other = std::thread([&] {
+            ScratchSession theirs;
+            entered = theirs.ready();
+        });
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        EXPECT_FALSE(entered);
+    }
+    other.join();
+    EXPECT_TRUE(entered);
+}
+
+#ifdef _WIN32
+
+TEST_F(ScratchTest, OriginalPathsUnlessTheEnvironmentNamesAFolder) {
+    {
+        ScratchSession session;
+        ASSERT_TRUE(session.ready());
+        EXPECT_EQ(session.path(ScratchFile::chainTemp), file("scratch") + "\\temp.$$$");
+        EXPECT_TRUE(fs::is_directory(file("scratch")));
+    }
+    test::ScopedEnv noScratch("QUELCNV_SCRATCH", std::nullopt);
+    ScratchSession session;
+    ASSERT_TRUE(session.ready());
+    EXPECT_EQ(session.path(ScratchFile::chainTemp), "c:\\temp.$$$");
+    EXPECT_EQ(session.path(ScratchFile::localTemp), "temp.$$$");
+    EXPECT_EQ(session.path(ScratchFile::selectionList), "c:\\$$$$.EJE");
+    EXPECT_EQ(session.path(ScratchFile::sampleText), "c:\\prueba.$$$");
+    EXPECT_FALSE(readyWith(file("no/such/folder")));
+}
+
+#else
 
 TEST_F(ScratchTest, FixedNamesInAPrivateDirectoryChosenByTheEnvironment) {
     ScratchSession session;
@@ -74,6 +120,8 @@ TEST_F(ScratchTest, LockIsHeldUntilTheOutermostSessionEnds) {
     }
     EXPECT_TRUE(otherProcessCanLock());
 }
+
+#endif
 
 }  // namespace
 }  // namespace quelcnv

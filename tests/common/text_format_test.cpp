@@ -1,24 +1,17 @@
 #include "common/text_format.h"
 
 #include <gtest/gtest.h>
-#include <locale.h>
 
 #include <cmath>
 #include <limits>
 #include <random>
 
+#include "tests/test_support.h"
+
 namespace quelcnv {
 namespace {
 
-// The C library's snprintf in the "C" locale, whatever the process locale.
-std::string cPrintf(const char* format, double value) {
-    static locale_t c = newlocale(LC_ALL_MASK, "C", nullptr);
-    locale_t previous = uselocale(c);
-    char buffer[512];
-    std::snprintf(buffer, sizeof buffer, format, value);
-    uselocale(previous);
-    return buffer;
-}
+using test::cPrintf;
 
 TEST(TextFormat, PrintsAsPrintfInTheCLocale) {
     const std::pair<std::string, std::string> cases[] = {

@@ -1,0 +1,262 @@
+// A host program of our own that uses the library as the desktop host does:
+// it loads it by name at run time, binds every entry point by its exported
+// name and calls them. On Windows it also reads the type library the DLL
+// carries and checks it against the table of entry points.
+//
+//   quelcnv_host check LIBRARY
+//       all 60 names resolve (and, on Windows, the type library is right)
+//   quelcnv_host run LIBRARY LIST FOLDER
+//       runs the conversions of LIST (lines "operation argument...", a word
+//       "@name" standing for FOLDER/name) and prints each result
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/operations.h"
+
+#ifdef _WIN32
+#include <oleauto.h>
+#include <windows.h>
+#else
+#include <dlfcn.h>
+#endif
+
+namespace {
+
+using quelcnv::cli::EntryAddress;
+using quelcnv::cli::Operation;
+
+#ifdef _WIN32
+
+using Library = HMODULE;
+
+Library loadLibrary(const std::string& name) { return LoadLibraryA(name.c_str()); }
+
+EntryAddress entryAddress(Library library, const std::string& name) {
+    return reinterpret_cast<EntryAddress>(GetProcAddress(library, name.c_str()));
+}
+
+#else
+
+using Library = void*;
+
+Library loadLibrary(const std::string& name) { return dlopen(name.c_str(), RTLD_NOW); }
+
+EntryAddress entryAddress(Library library, const std::string& name) {
+    return reinterpret_cast<EntryAddress>(dlsym(library, name.c_str()));
+}
+
+#endif
+
+int failures = 0;
+
+void fail(const std::string& message) {
+    std::cerr << "quelcnv_host: " << message << "\n";
+    ++failures;
+}
+
+std::string exportedName(const Operation& op) { return "MyDll_" + std::string(op.name); }
+
+bool resolveAll(Library library) {
+    int resolved = 0;
+    for (const Operation& op : quelcnv::cli::operations()) {
+        if (entryAddress(library, exportedName(op)) != nullptr) {
+            ++resolved;
+        } else {
+            fail("missing export " + exportedName(op));
+        }
+    }
+    if (resolved != 60) fail("resolved " + std::to_string(resolved) + " of 60 entry points");
+    return resolved == 60;
+}
+
+#ifdef _WIN32
+
+std::string narrow(BSTR text) {
+    std::string out;
+    for (UINT i = 0; text != nullptr && i < SysStringLen(text); ++i)
+        out += static_cast<char>(text[i] < 128 ? text[i] : '?');
+    return out;
+}
+
+// The documentation string of a member (or, for MEMBERID_NIL, of the type).
+std::string helpOf(ITypeInfo* info, MEMBERID member) {
+    BSTR help = nullptr;
+    info->GetDocumentation(member, nullptr, &help, nullptr, nullptr);
+    std::string text = narrow(help);
+    SysFreeString(help);
+    return text;
+}
+
+std::vector<std::string> namesOf(ITypeInfo* info, MEMBERID member) {
+    BSTR names[16] = {};
+    UINT count = 0;
+    info->GetNames(member, names, 16, &count);
+    std::vector<std::string> out;
+    for (UINT i = 0; i < count; ++i) {
+        out.push_back(narrow(names[i]));
+        SysFreeString(names[i]);
+    }
+    return out;
+}
+
+void checkFunction(ITypeInfo* module, UINT index, const Operation& op) {
+    FUNCDESC* function = nullptr;
+    if (FAILED(module->GetFuncDesc(index, &function))) {
+        fail("no function " + std::to_string(index));
+        return;
+    }
+    std::vector<std::string> expected{exportedName(op)};
+    for (std::string_view argument : op.argumentNames()) expected.emplace_back(argument);
+    std::vector<std::string> names = namesOf(module, function->memid);
+    if (names != expected) fail("names of " + exportedName(op) + " differ");
+    if (function->cParams + 1u != expected.size()) fail("argument count of " + exportedName(op));
+    VARTYPE result = function->elemdescFunc.tdesc.vt;
+    bool integer = op.result == quelcnv::cli::ResultKind::integer;
+    if (result != (integer ? VT_INT : VT_VOID)) fail("result type of " + exportedName(op));
+    if (function->callconv != CC_STDCALL) fail("calling convention of " + exportedName(op));
+    if (helpOf(module, function->memid) != op.help) fail("help text of " + exportedName(op));
+    BSTR dll = nullptr, entry = nullptr;
+    WORD ordinal = 0;
+    module->GetDllEntry(function->memid, INVOKE_FUNC, &dll, &entry, &ordinal);
+    if (narrow(dll) != "quelcnv.dll" || narrow(entry) != exportedName(op))
+        fail("DLL entry of " + exportedName(op) + ": " + narrow(dll) + " " + narrow(entry));
+    SysFreeString(dll);
+    SysFreeString(entry);
+    module->ReleaseFuncDesc(function);
+}
+
+void checkModule(ITypeInfo* module) {
+    TYPEATTR* attributes = nullptr;
+    module->GetTypeAttr(&attributes);
+    UINT count = attributes->cFuncs;
+    module->ReleaseTypeAttr(attributes);
+    auto ops = quelcnv::cli::operations();
+    if (count != ops.size()) fail("MyDllFunctions holds " + std::to_string(count) + " functions");
+    for (UINT i = 0; i < count && i < ops.size(); ++i) checkFunction(module, i, ops[i]);
+}
+
+void checkEnumeration(ITypeInfo* enumeration) {
+    TYPEATTR* attributes = nullptr;
+    enumeration->GetTypeAttr(&attributes);
+    UINT count = attributes->cVars;
+    enumeration->ReleaseTypeAttr(attributes);
+    const char* members[] = {"tlbRotateLeft", "tlbRotateRight"};
+    if (count != 2) fail("RotateDirection holds " + std::to_string(count) + " members");
+    for (UINT i = 0; i < count && i < 2; ++i) {
+        VARDESC* member = nullptr;
+        enumeration->GetVarDesc(i, &member);
+        std::vector<std::string> names = namesOf(enumeration, member->memid);
+        if (names.empty() || names[0] != members[i] || member->varkind != VAR_CONST ||
+            member->lpvarValue->lVal != static_cast<LONG>(i))
+            fail(std::string("member ") + members[i]);
+        enumeration->ReleaseVarDesc(member);
+    }
+}
+
+// Finds the module and the enumeration by name and kind and checks them.
+void checkTypeLibrary(Library library) {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(library, path, MAX_PATH);
+    ITypeLib* typeLibrary = nullptr;
+    if (FAILED(LoadTypeLibEx(path, REGKIND_NONE, &typeLibrary))) {
+        fail("no type library in the DLL");
+        return;
+    }
+    BSTR help = nullptr;
+    typeLibrary->GetDocumentation(-1, nullptr, &help, nullptr, nullptr);
+    if (narrow(help) != "Functions exported by quelcnv.dll") fail("library help string");
+    SysFreeString(help);
+    bool moduleSeen = false, enumerationSeen = false;
+    for (UINT i = 0; i < typeLibrary->GetTypeInfoCount(); ++i) {
+        BSTR name = nullptr;
+        typeLibrary->GetDocumentation(i, &name, nullptr, nullptr, nullptr);
+        std::string text = narrow(name);
+        SysFreeString(name);
+        TYPEKIND kind;
+        typeLibrary->GetTypeInfoType(i, &kind);
+        ITypeInfo* info = nullptr;
+        typeLibrary->GetTypeInfo(i, &info);
+        if (text == "MyDllFunctions" && kind == TKIND_MODULE) {
+            moduleSeen = true;
+            checkModule(info);
+        } else if (text == "RotateDirection" && kind == TKIND_ENUM) {
+            enumerationSeen = true;
+            checkEnumeration(info);
+        }
+        info->Release();
+    }
+    if (!moduleSeen) fail("no module MyDllFunctions");
+    if (!enumerationSeen) fail("no enumeration RotateDirection");
+    typeLibrary->Release();
+}
+
+#endif
+
+int check(Library library) {
+    resolveAll(library);
+#ifdef _WIN32
+    checkTypeLibrary(library);
+#endif
+    if (failures == 0) std::cout << "60 entry points bound by name\n";
+    return failures == 0 ? 0 : 1;
+}
+
+// Runs one line of the list; pending entry points are skipped.
+void runLine(Library library, const std::string& line, const std::string& folder) {
+    std::istringstream words(line);
+    std::string name;
+    words >> name;
+    const Operation* op = quelcnv::cli::findOperation(name);
+    if (op == nullptr) {
+        fail("unknown operation " + name);
+        return;
+    }
+    if (op->availability == quelcnv::cli::Availability::pending) return;
+    std::vector<std::string> arguments;
+    for (std::string word; words >> word;)
+        arguments.push_back(word[0] == '@' ? folder + "/" + word.substr(1) : word);
+    if (arguments.size() != op->argumentNames().size()) {
+        fail("wrong argument count for " + name);
+        return;
+    }
+    EntryAddress entry = entryAddress(library, exportedName(*op));
+    if (entry == nullptr) return;
+    int result = op->invokeAt(entry, arguments);
+    std::cout << name << " -> " << result;
+    if (name == "ReverseString") std::cout << " " << arguments[0];
+    std::cout << "\n";
+}
+
+int run(Library library, const std::string& list, const std::string& folder) {
+    if (!resolveAll(library)) return 1;
+    std::ifstream in(list);
+    if (!in) fail("cannot read " + list);
+    for (std::string line; std::getline(in, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        if (line.empty() || line[0] == '#') continue;
+        runLine(library, line, folder);
+    }
+    return failures == 0 ? 0 : 1;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::vector<std::string> args(argv + 1, argv + argc);
+    bool checking = args.size() == 2 && args[0] == "check";
+    bool running = args.size() == 4 && args[0] == "run";
+    if (!checking && !running) {
+        std::cerr << "usage: quelcnv_host check LIBRARY | run LIBRARY LIST FOLDER\n";
+        return 2;
+    }
+    Library library = loadLibrary(args[1]);
+    if (library == nullptr) {
+        std::cerr << "quelcnv_host: cannot load " << args[1] << "\n";
+        return 1;
+    }
+    return checking ? check(library) : run(library, args[2], args[3]);
+}

@@ -1,0 +1,28 @@
+# Tests of the Windows cross builds. The unit tests and the host program run
+# under the emulator (wine64 for the x86-64 build); the DLL is also checked
+# statically, which is all the 32-bit build gets where 32-bit Wine is missing.
+find_program(QUELCNV_OBJDUMP_PROGRAM NAMES ${QUELCNV_OBJDUMP} REQUIRED)
+set(_dll_check ${CMAKE_CURRENT_SOURCE_DIR}/frame/check_windows_dll.sh)
+if(CMAKE_SIZEOF_VOID_P EQUAL 4)
+  set(_dll_mode stdcall)
+endif()
+add_test(NAME dll_exports
+         COMMAND bash ${_dll_check} ${QUELCNV_OBJDUMP_PROGRAM} $<TARGET_FILE:quelcnv>
+                 ${PROJECT_SOURCE_DIR}/frame/entry_points.txt ${_dll_mode})
+
+if(NOT CMAKE_CROSSCOMPILING_EMULATOR)
+  return()
+endif()
+
+add_test(NAME unit_tests COMMAND quelcnv_tests)
+add_test(NAME host_program COMMAND quelcnv_host check quelcnv.dll)
+
+# The same conversions through the Linux library of the native build.
+set(QUELCNV_LINUX_BUILD "" CACHE PATH "Native build folder whose outputs the DLL's must match")
+if(QUELCNV_LINUX_BUILD)
+  add_test(NAME same_outputs_as_linux
+           COMMAND bash ${CMAKE_CURRENT_SOURCE_DIR}/frame/compare_with_linux.sh
+                   ${CMAKE_CROSSCOMPILING_EMULATOR} ${PROJECT_BINARY_DIR} ${QUELCNV_LINUX_BUILD}
+                   samples/demo.txt ${PROJECT_BINARY_DIR}/host-outputs
+           WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+endif()
