@@ -18,8 +18,9 @@
 #include "cli/operations.h"
 
 #ifdef _WIN32
-#include <oleauto.h>
 #include <windows.h>
+// after windows.h, which it needs
+#include <oleauto.h>
 #else
 #include <dlfcn.h>
 #endif
