@@ -115,6 +115,12 @@ void checkFunction(ITypeInfo* module, UINT index, const Operation& op) {
     std::vector<std::string> names = namesOf(module, function->memid);
     if (names != expected) fail("names of " + exportedName(op) + " differ");
     if (function->cParams + 1u != expected.size()) fail("argument count of " + exportedName(op));
+    for (SHORT i = 0; i < function->cParams && i + 1u < expected.size(); ++i) {
+        VARTYPE type = function->lprgelemdescParam[i].tdesc.vt;
+        if (type != (expected[i + 1] == "selec" ? VT_INT : VT_LPSTR))
+            fail("type of " + expected[i + 1] + " in " + exportedName(op) + ": " +
+                 std::to_string(type));
+    }
     VARTYPE result = function->elemdescFunc.tdesc.vt;
     bool integer = op.result == quelcnv::cli::ResultKind::integer;
     if (result != (integer ? VT_INT : VT_VOID)) fail("result type of " + exportedName(op));
