@@ -8,6 +8,9 @@
 //   quelcnv_host run LIBRARY LIST FOLDER
 //       runs the conversions of LIST (lines "operation argument...", a word
 //       "@name" standing for FOLDER/name) and prints each result
+//   quelcnv_host typelib DLL
+//       (Windows) checks the type library of a DLL it need not load, such as
+//       the 32-bit DLL read from a 64-bit program
 #include <cstdio>
 #include <fstream>
 #include <iostream>
@@ -165,9 +168,7 @@ void checkEnumeration(ITypeInfo* enumeration) {
 }
 
 // Finds the module and the enumeration by name and kind and checks them.
-void checkTypeLibrary(Library library) {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(library, path, MAX_PATH);
+void checkTypeLibrary(const wchar_t* path) {
     ITypeLib* typeLibrary = nullptr;
     if (FAILED(LoadTypeLibEx(path, REGKIND_NONE, &typeLibrary))) {
         fail("no type library in the DLL");
@@ -201,12 +202,21 @@ void checkTypeLibrary(Library library) {
     typeLibrary->Release();
 }
 
+int checkTypeLibraryOf(const std::string& dll) {
+    std::wstring path(dll.begin(), dll.end());
+    checkTypeLibrary(path.c_str());
+    if (failures == 0) std::cout << "type library of " << dll << " checked\n";
+    return failures == 0 ? 0 : 1;
+}
+
 #endif
 
 int check(Library library) {
     resolveAll(library);
 #ifdef _WIN32
-    checkTypeLibrary(library);
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(library, path, MAX_PATH);
+    checkTypeLibrary(path);
 #endif
     if (failures == 0) std::cout << "60 entry points bound by name\n";
     return failures == 0 ? 0 : 1;
@@ -256,8 +266,11 @@ int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     bool checking = args.size() == 2 && args[0] == "check";
     bool running = args.size() == 4 && args[0] == "run";
+#ifdef _WIN32
+    if (args.size() == 2 && args[0] == "typelib") return checkTypeLibraryOf(args[1]);
+#endif
     if (!checking && !running) {
-        std::cerr << "usage: quelcnv_host check LIBRARY | run LIBRARY LIST FOLDER\n";
+        std::cerr << "usage: quelcnv_host check LIBRARY | run LIBRARY LIST FOLDER | typelib DLL\n";
         return 2;
     }
     Library library = loadLibrary(args[1]);

@@ -17,6 +17,13 @@ endif()
 add_test(NAME unit_tests COMMAND quelcnv_tests)
 add_test(NAME host_program COMMAND quelcnv_host check quelcnv.dll)
 
+# The type library of the 32-bit DLL, which this 64-bit program reads
+# without loading the DLL.
+set(QUELCNV_WIN32_BUILD "" CACHE PATH "32-bit Windows build folder whose type library is checked")
+if(QUELCNV_WIN32_BUILD)
+  add_test(NAME typelib_of_32bit_dll COMMAND quelcnv_host typelib ${QUELCNV_WIN32_BUILD}/quelcnv.dll)
+endif()
+
 # The same conversions through the Linux library of the native build.
 set(QUELCNV_LINUX_BUILD "" CACHE PATH "Native build folder whose outputs the DLL's must match")
 if(QUELCNV_LINUX_BUILD)
