@@ -99,9 +99,12 @@ QUELCNV_API int QUELCNV_CALL MyDll_aruxo2nevo(const char* entrada, const char* s
                                               const char* pathAp);
 /* RUXO alignment to NEVO in the intersection-point form. Always 1. */
 QUELCNV_API int QUELCNV_CALL MyDll_aruxo2nevoWCE(const char* entrada, const char* salida);
-/* ISTRAM, MXROAD, HTRAZADO, CLIP PLT, ISTRAM listing and ISPOL alignments to
- * NEVO through the scratch file "temp.$$$". Always 1, except aclipplt2nevo,
- * which returns 0 when its input can't be imported. */
+/* ISTRAM, HTRAZADO, CLIP PLT, ISTRAM listing and ISPOL alignments to NEVO
+ * through the scratch file "temp.$$$", which the ISTRAM listing and ISPOL
+ * conversions leave behind. Always 1, except aclipplt2nevo, which returns 0
+ * when its input can't be imported. HTRAZADO alignments are read but not
+ * converted in this version (no NEVO file is written); the MXROAD conversion
+ * is not provided: it reads nothing, writes nothing and returns 1. */
 QUELCNV_API int QUELCNV_CALL MyDll_aistram2nevo(const char* entrada, const char* salida,
                                                 const char* pathAp);
 QUELCNV_API int QUELCNV_CALL MyDll_amxroad2nevo(const char* entrada, const char* salida,

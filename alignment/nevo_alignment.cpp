@@ -1,0 +1,285 @@
+#include "alignment/nevo_alignment.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <span>
+
+#include "alignment/geometry.h"
+#include "alignment/ruxo_alignment_file.h"
+#include "common/line_reader.h"
+#include "common/numbers.h"
+#include "common/output_file.h"
+#include "common/tokenizer.h"
+#include "common/tolerance.h"
+
+namespace quelcnv {
+
+namespace {
+
+using Records = std::vector<AlignmentRecord>;
+
+// ---- Settings ------------------------------------------------------------
+
+std::string settingsPath(const std::string& hostFolder) {
+#ifdef _WIN32
+    return hostFolder + "\\quelvar.ini";
+#else
+    return hostFolder + "/quelvar.ini";
+#endif
+}
+
+// The whole number behind the first "=" of the settings file's first line.
+std::optional<int> elementFormLimit(const std::string& hostFolder) {
+    LineReader reader;
+    std::string line;
+    if (!reader.open(settingsPath(hostFolder)) || reader.read(line) == ReadStatus::nothing)
+        return std::nullopt;
+    Tokenizer tokens(line);
+    auto key = tokens.next("=");
+    auto value = tokens.next(blanksAndTabs);
+    if (!key || !value) return std::nullopt;
+    return parseWhole(*value);
+}
+
+// ---- Splitting long arcs ---------------------------------------------------
+
+bool byStation(const AlignmentRecord& a, const AlignmentRecord& b) {
+    return compareStations(a, b) < 0;
+}
+
+std::optional<std::size_t> firstSweepingArc(const Records& records) {
+    for (std::size_t k = 0; k + 1 < records.size(); ++k) {
+        if (arcSweepsHalfCircle(records[k], records[k + 1])) return k;
+    }
+    return std::nullopt;
+}
+
+// The arc record that splits the element from record k to record k + 1 at
+// its middle station, evaluated on the record that holds that station.
+std::optional<AlignmentRecord> middleOf(std::span<const AlignmentRecord> records, std::size_t k) {
+    double middle = (records[k].station + records[k + 1].station) / 2.0;
+    int holder = findElement(records, middle);
+    if (holder < 0) return std::nullopt;
+    ArcPoint at = pointOnArc(records[static_cast<std::size_t>(holder)], middle);
+    AlignmentRecord split;
+    split.type = arcElement;
+    split.station = middle;
+    split.x = at.point.x;
+    split.y = at.point.y;
+    split.azimuth = at.azimuth;
+    split.radius = at.radius;
+    split.length = (records[k + 1].station - records[k].station) / 2.0;
+    return split;
+}
+
+// One split as the rule states it: the first arc that sweeps half a circle,
+// from the start of the records, then all records sorted by station (ties
+// keep their order). False when nothing was split.
+bool splitFirstAndSort(Records& records, std::size_t capacity) {
+    if (records.size() >= capacity) return false;
+    auto k = firstSweepingArc(records);
+    if (!k) return false;
+    auto middle = middleOf(records, *k);
+    if (!middle) return false;
+    records[*k].length = middle->length;
+    records.push_back(*middle);
+    std::stable_sort(records.begin(), records.end(), byStation);
+    return true;
+}
+
+// Neighbours farther apart than two station tolerances never compare equal,
+// and neither does the middle of their element with either of them.
+bool wellApart(const AlignmentRecord& a, const AlignmentRecord& b) {
+    return b.station - a.station > 2.0 * stationTolerance;
+}
+
+bool allWellApart(const Records& records) {
+    return std::adjacent_find(records.begin(), records.end(), [](const auto& a, const auto& b) {
+               return !wellApart(a, b);
+           }) == records.end();
+}
+
+// The same splits in one walk along records sorted by station and well
+// apart: there a split only puts the new record right after its arc, and the
+// records before the arc never change, so the search goes on from the arc
+// instead of from the start, and nothing is sorted again. Where a new record
+// would come too close to a neighbour, the rest is left to the rule itself.
+void splitWalking(Records& records, std::size_t capacity) {
+    Records done;
+    done.reserve(capacity);
+    Records ahead(records.rbegin(), records.rend());  // the next record at the back
+    done.push_back(ahead.back());
+    ahead.pop_back();
+    while (!ahead.empty()) {
+        AlignmentRecord& arc = done.back();
+        const AlignmentRecord& next = ahead.back();
+        if (done.size() + ahead.size() < capacity && arcSweepsHalfCircle(arc, next)) {
+            AlignmentRecord pair[] = {arc, next};
+            auto middle = middleOf(pair, 0);
+            if (!middle || !wellApart(arc, *middle) || !wellApart(*middle, next)) break;
+            arc.length = middle->length;
+            ahead.push_back(*middle);
+            continue;
+        }
+        done.push_back(next);
+        ahead.pop_back();
+    }
+    done.insert(done.end(), ahead.rbegin(), ahead.rend());
+    records = std::move(done);
+    while (splitFirstAndSort(records, capacity)) {
+    }
+}
+
+// ---- Writing -----------------------------------------------------------------
+
+PlanePoint pointOf(const AlignmentRecord& record) { return {record.x, record.y}; }
+
+// The key point of record i. The curve rules look up to one record before
+// the first and one past the last; such a record reads as all zeros.
+PlanePoint pointAt(const Records& records, long i) {
+    if (i < 0 || i >= static_cast<long>(records.size())) return {};
+    return pointOf(records[static_cast<std::size_t>(i)]);
+}
+
+// The tangent at a key point, as the point and the point 10 m along it.
+std::optional<PlanePoint> tangentsMeet(const AlignmentRecord& a, const AlignmentRecord& b) {
+    return lineIntersection(pointOf(a), pointAlong(pointOf(a), 10.0, a.azimuth), pointOf(b),
+                            pointAlong(pointOf(b), 10.0, b.azimuth));
+}
+
+void writeStart(OutputFile& out, const AlignmentRecord& first) {
+    out.print("START %0.3lf, %0.4lf, %0.4lf\n", first.station, first.x, first.y);
+}
+
+void writeElements(OutputFile& out, const Records& records) {
+    writeStart(out, records.front());
+    for (std::size_t i = 0; i + 1 < records.size(); ++i) {
+        const AlignmentRecord& r = records[i];
+        double length = records[i + 1].station - r.station;
+        if (r.type == straightElement) {
+            out.print("STRAIGHT  %0.4lf,%0.4lf\n", r.azimuth, length);
+        } else if (r.type == arcElement) {
+            out.print("ARC  %0.4lf,%0.4lf\n", r.radius, length);
+        } else {
+            // A clothoid that ends on a straight takes the radius of the curve
+            // before it; with none, the element is left out on purpose.
+            double radius = r.radius;
+            if (radius == 0.0 && i > 0) radius = records[i - 1].radius;
+            if (radius != 0.0) out.print("SPIRAL  %0.4lf,%0.4lf\n", radius, length);
+        }
+    }
+    out.print("STRAIGHT  %0.4lf,%0.4lf\n", records.back().azimuth, 0.0);
+}
+
+void writeCircle(OutputFile& out, std::optional<PlanePoint> at, double radius) {
+    if (at) out.print("PT %0.4lf, %0.4lf, %0.4lf\n", at->x, at->y, std::fabs(radius));
+}
+
+void writeClothoids(OutputFile& out, std::optional<PlanePoint> at, double radius, double entry,
+                    double exit) {
+    if (at) {
+        out.print("PT %0.4lf, %0.4lf, %0.4lf, %0.4lf, %0.4lf\n", at->x, at->y, std::fabs(radius),
+                  entry, exit);
+    }
+}
+
+// The curve whose arc is record i: set between the incoming straight
+// (records i-2, i-1) and the outgoing one when clothoids lead in and out.
+// True for the asymmetric case, whose exit is taken from the next straight.
+bool writeCurve(OutputFile& out, const Records& records, std::size_t i) {
+    long at = static_cast<long>(i);
+    const AlignmentRecord& arc = records[i];
+    const AlignmentRecord& before = records[i - 1];
+    const AlignmentRecord& after = records[i + 1];
+    bool entryClothoid = before.type == clothoidElement;
+    if (entryClothoid && after.type == clothoidElement && after.radius == 0.0 &&
+        i + 2 < records.size()) {
+        writeClothoids(out,
+                       lineIntersection(pointAt(records, at - 2), pointAt(records, at - 1),
+                                        pointAt(records, at + 2), pointAt(records, at + 3)),
+                       arc.radius, before.parameter, after.parameter);
+        return false;
+    }
+    if (entryClothoid && !(after.type == clothoidElement && after.radius == arc.radius)) {
+        writeClothoids(out,
+                       lineIntersection(pointAt(records, at - 2), pointAt(records, at - 1),
+                                        pointAt(records, at + 1), pointAt(records, at + 2)),
+                       arc.radius, before.parameter, after.parameter);
+        return true;
+    }
+    writeCircle(out, tangentsMeet(arc, after), arc.radius);
+    return false;
+}
+
+bool writeIntersectionPoints(OutputFile& out, const Records& records) {
+    writeStart(out, records.front());
+    if (records.front().type == arcElement && records.size() >= 2)
+        writeCircle(out, tangentsMeet(records[0], records[1]), records[0].radius);
+    bool asymmetric = false;
+    for (std::size_t i = 1; i < records.size(); ++i) {
+        const AlignmentRecord& r = records[i];
+        bool last = i + 1 == records.size();
+        if (last || (r.type == straightElement && records[i - 1].type == straightElement)) {
+            out.print("PT %0.4lf, %0.4lf\n", r.x, r.y);
+        } else if (r.type == arcElement) {
+            asymmetric |= writeCurve(out, records, i);
+        }
+    }
+    return asymmetric;
+}
+
+// Reads the RUXO file and splits its long arcs.
+AlignmentFile readForWriting(const std::string& entrada, CommentLines comments) {
+    AlignmentFile file = readAlignmentFile(entrada, comments);
+    if (file.outcome.ok()) splitLongArcs(file.records, file.capacity);
+    return file;
+}
+
+}  // namespace
+
+NevoForm chooseNevoForm(const std::string& ruxoPath, const std::string& hostFolder) {
+    int lineCount = countLines(ruxoPath);
+    auto limit = elementFormLimit(hostFolder);
+    return limit && *limit >= lineCount ? NevoForm::elements : NevoForm::intersectionPoints;
+}
+
+void splitLongArcs(Records& records, std::size_t capacity) {
+    // The first split works on the records in file order, and sorts them.
+    if (!splitFirstAndSort(records, capacity)) return;
+    if (allWellApart(records)) {
+        splitWalking(records, capacity);
+    } else {
+        while (splitFirstAndSort(records, capacity)) {
+        }
+    }
+}
+
+Outcome writeElementForm(const std::string& entrada, const std::string& salida) {
+    // Comment lines are read as numbers here, deliberately.
+    AlignmentFile file = readForWriting(entrada, CommentLines::readAsNumbers);
+    if (!file.outcome.ok()) return file.outcome;
+    OutputFile out;
+    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
+    writeElements(out, file.records);
+    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+}
+
+IntersectionForm writeIntersectionForm(const std::string& entrada, const std::string& salida) {
+    AlignmentFile file = readForWriting(entrada, CommentLines::skipped);
+    if (!file.outcome.ok()) return {file.outcome};
+    OutputFile out;
+    if (!out.open(salida)) return {Outcome::failed(Failure::outputUnwritable)};
+    bool asymmetric = writeIntersectionPoints(out, file.records);
+    if (!out.finish()) return {Outcome::failed(Failure::outputUnwritable)};
+    return {Outcome::done(), asymmetric};
+}
+
+Outcome writeNevoAlignment(const std::string& entrada, const std::string& salida,
+                           const std::string& hostFolder) {
+    if (chooseNevoForm(entrada, hostFolder) == NevoForm::elements)
+        return writeElementForm(entrada, salida);
+    return writeIntersectionForm(entrada, salida).outcome;
+}
+
+}  // namespace quelcnv
