@@ -12,7 +12,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using Chained = int (*)(const char*, const char*, const char*);
+using Chained = int(QUELCNV_CALL*)(const char*, const char*, const char*);
 
 class AlignmentExportsTest : public test::FolderTest {
 protected:
