@@ -107,7 +107,7 @@ TEST_F(CommandTest, MissingInputExitsWithThreeAndUnavailableWithOne) {
     EXPECT_NE(missing.err.find("no se puede abrir el fichero de entrada: " + file("missing.txt")),
               std::string::npos);
     test::writeBytes(file("input.txt"), "1\n");
-    for (const char* operation : {"velm2arcview", "ruxo2nevo"}) {
+    for (const char* operation : {"velm2arcview", "traclip2landxml"}) {
         CommandRun unavailable = run({operation, file("input.txt"), file("out.txt")});
         EXPECT_EQ(unavailable.status, 1) << operation;
         EXPECT_NE(unavailable.err.find("no esta disponible"), std::string::npos);

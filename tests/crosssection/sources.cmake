@@ -1,0 +1,2 @@
+# The tests of the crosssection converters.
+target_sources(quelcnv_tests PRIVATE)
