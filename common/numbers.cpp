@@ -134,4 +134,36 @@ WholeScan scanWhole(std::string_view text) {
 
 std::int32_t parseWhole(std::string_view text) { return scanWhole(text).value; }
 
+bool ValueScanner::number(double& value) {
+    NumberScan scan = stopped_ ? NumberScan{} : scanNumber(rest_);
+    if (scan.length == 0) {
+        stopped_ = true;
+        return false;
+    }
+    value = scan.value;
+    rest_.remove_prefix(scan.length);
+    return true;
+}
+
+bool ValueScanner::whole(std::int32_t& value) {
+    WholeScan scan = stopped_ ? WholeScan{} : scanWhole(rest_);
+    if (scan.length == 0) {
+        stopped_ = true;
+        return false;
+    }
+    value = scan.value;
+    rest_.remove_prefix(scan.length);
+    return true;
+}
+
+bool ValueScanner::literal(char c) {
+    std::size_t at = rest_.find_first_not_of(" \t\n\r\v\f");
+    if (stopped_ || at == std::string_view::npos || rest_[at] != c) {
+        stopped_ = true;
+        return false;
+    }
+    rest_.remove_prefix(at + 1);
+    return true;
+}
+
 }  // namespace quelcnv

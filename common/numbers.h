@@ -37,4 +37,21 @@ double parseNumber(std::string_view text);
 WholeScan scanWhole(std::string_view text);
 std::int32_t parseWhole(std::string_view text);
 
+// Reads values one after another from a text, as C's sscanf does with %lf,
+// %d and literal characters in its format: each conversion skips white space
+// first. The first conversion or literal that fails stops the reading: it
+// and every later one leave their variables as they were.
+class ValueScanner {
+public:
+    explicit ValueScanner(std::string_view text) : rest_(text) {}
+    bool number(double& value);
+    bool whole(std::int32_t& value);
+    // White space, then this character.
+    bool literal(char c);
+
+private:
+    std::string_view rest_;
+    bool stopped_ = false;
+};
+
 }  // namespace quelcnv
