@@ -25,19 +25,16 @@ std::optional<AlignmentRecord> parseKeyPoint(std::string_view line) {
     if (line.size() < minimumLineLength || line.front() == '*' || line.front() == '#')
         return std::nullopt;
     Tokenizer tokens(line);
-    std::array<double, 6> values{};
-    for (double& value : values) {
-        auto token = tokens.next(separators);
-        if (!token) return std::nullopt;
-        value = parseNumber(*token);
-    }
+    auto values = nextNumbers<6>(tokens, separators);
+    if (!values) return std::nullopt;
+    auto [station, x, y, azimuth, radius, parameter] = *values;
     AlignmentRecord record;
-    record.station = values[0];
-    record.x = values[1];
-    record.y = values[2];
-    record.azimuth = values[3];
-    record.radius = values[4];
-    record.parameter = values[5];
+    record.station = station;
+    record.x = x;
+    record.y = y;
+    record.azimuth = azimuth;
+    record.radius = radius;
+    record.parameter = parameter;
     return record;
 }
 

@@ -15,19 +15,16 @@ namespace {
 // The six numbers of a record line, or nothing when one is missing.
 std::optional<AlignmentRecord> parseRecordLine(std::string_view line) {
     Tokenizer tokens(line);
-    std::array<double, 6> values{};
-    for (double& value : values) {
-        auto token = tokens.next(blanksTabsAndNewlines);
-        if (!token) return std::nullopt;
-        value = parseNumber(*token);
-    }
+    auto values = nextNumbers<6>(tokens, blanksTabsAndNewlines);
+    if (!values) return std::nullopt;
+    auto [station, x, y, azimuth, parameter, radius] = *values;
     AlignmentRecord record;
-    record.station = values[0];
-    record.x = values[1];
-    record.y = values[2];
-    record.azimuth = values[3];
-    record.parameter = values[4];  // the file gives the parameter before the radius
-    record.radius = values[5];
+    record.station = station;
+    record.x = x;
+    record.y = y;
+    record.azimuth = azimuth;
+    record.parameter = parameter;  // the file gives the parameter before the radius
+    record.radius = radius;
     record.type = elementTypeOf(record.parameter, record.radius);
     return record;
 }

@@ -2,8 +2,12 @@
 // and without touching the line.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <optional>
 #include <string_view>
+
+#include "common/numbers.h"
 
 namespace quelcnv {
 
@@ -29,5 +33,19 @@ private:
 // Separator sets used across the converters.
 inline constexpr std::string_view blanksAndTabs = " \t";
 inline constexpr std::string_view blanksTabsAndNewlines = " \t\n";
+
+// The next count tokens read as numbers (text that is no number reads 0), or
+// nothing when a token is missing.
+template <std::size_t count>
+std::optional<std::array<double, count>> nextNumbers(Tokenizer& tokens,
+                                                     std::string_view separators) {
+    std::array<double, count> values{};
+    for (double& value : values) {
+        auto token = tokens.next(separators);
+        if (!token) return std::nullopt;
+        value = parseNumber(*token);
+    }
+    return values;
+}
 
 }  // namespace quelcnv

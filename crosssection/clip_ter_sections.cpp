@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "common/conversion_files.h"
 #include "common/fixed_columns.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
@@ -80,10 +81,10 @@ std::optional<std::vector<SectionPoint>> sectionPoints(std::string_view distance
 
 Outcome importClipTerSections(const std::string& entrada, const std::string& ruxoPath) {
     std::size_t capacity = pointsPerLine * static_cast<std::size_t>(countLines(entrada));
-    LineReader in;
-    if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, ruxoPath);
+    if (!opened.ok()) return opened;
+    LineReader& in = files.in;
     std::string distances, elevations;
     while (readLineBeforeEnd(in, distances)) {
         if (!isDistanceLine(distances)) continue;
@@ -94,10 +95,9 @@ Outcome importClipTerSections(const std::string& entrada, const std::string& rux
         auto points = sectionPoints(distances, elevations, capacity);
         if (!points) return Outcome::failed(Failure::tooLarge);
         for (const SectionPoint& p : *points)
-            out.print("%9.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+            files.out.print("%9.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
     }
-    if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return files.finish();
 }
 
 }  // namespace quelcnv

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -83,14 +84,11 @@ Outcome readSections(LineReader& in, OutputFile& out) {
 }  // namespace
 
 Outcome importClipTrvSections(const std::string& entrada, const std::string& ruxoPath) {
-    LineReader in;
-    if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
-    Outcome read = readSections(in, out);
-    if (!read.ok()) return read;
-    if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, ruxoPath);
+    if (!opened.ok()) return opened;
+    Outcome read = readSections(files.in, files.out);
+    return read.ok() ? files.finish() : read;
 }
 
 }  // namespace quelcnv

@@ -1,5 +1,6 @@
 #include "crosssection/htrazado_sections.h"
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -14,13 +15,12 @@ constexpr std::size_t stationColumn = 4;
 }  // namespace
 
 Outcome importHtrazadoSections(const std::string& entrada, const std::string& ruxoPath) {
-    LineReader in;
-    if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, ruxoPath);
+    if (!opened.ok()) return opened;
     double station = 0.0, offset = 0.0, elevation = 0.0;
     std::string line;
-    while (readLineBeforeEnd(in, line)) {
+    while (readLineBeforeEnd(files.in, line)) {
         if (line.starts_with("PK")) {
             if (line.size() > stationColumn)
                 ValueScanner(line.substr(stationColumn)).number(station);
@@ -28,10 +28,9 @@ Outcome importHtrazadoSections(const std::string& entrada, const std::string& ru
         }
         ValueScanner scan(line);  // "offset , elevation"
         if (scan.number(offset) && scan.literal(',')) scan.number(elevation);
-        out.print("%10.3lf %8.3lf %8.3lf\n", station, offset, elevation);
+        files.out.print("%10.3lf %8.3lf %8.3lf\n", station, offset, elevation);
     }
-    if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return files.finish();
 }
 
 }  // namespace quelcnv

@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -108,10 +109,10 @@ std::uint64_t fileSizeOf(const std::string& path) {
 }  // namespace
 
 Outcome importIstramSections(const std::string& entrada, const std::string& ruxoPath) {
-    LineReader in;
-    if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, ruxoPath);
+    if (!opened.ok()) return opened;
+    LineReader& in = files.in;
     std::uint64_t fileSize = fileSizeOf(entrada);
     SectionHeader header;
     std::string line;
@@ -122,10 +123,9 @@ Outcome importIstramSections(const std::string& entrada, const std::string& ruxo
         readCounts(line, header);
         auto points = readPoints(in, header, fileSize);
         if (!points) return Outcome::failed(Failure::rejected);
-        writeSection(out, *points, header);
+        writeSection(files.out, *points, header);
     }
-    if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return files.finish();
 }
 
 }  // namespace quelcnv

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -13,70 +14,49 @@ namespace quelcnv {
 
 namespace {
 
-// Opens both files; the outcome says which one failed.
-Outcome openBoth(LineReader& in, const std::string& entrada, OutputFile& out,
-                 const std::string& salida) {
-    if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
-}
-
-Outcome finish(LineReader& in, OutputFile& out) {
-    if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
-}
-
 void writeNevoPoint(OutputFile& out, std::string_view line) {
     Tokenizer tokens(line);
-    std::array<double, 3> values{};
-    for (double& value : values) {
-        auto token = tokens.next(blanksTabsAndNewlines);
-        if (!token) return;
-        value = parseNumber(*token);
-    }
+    auto values = nextNumbers<3>(tokens, blanksTabsAndNewlines);
+    if (!values) return;
+    auto [station, offset, elevation] = *values;
     auto code = tokens.next(blanksTabsAndNewlines);
     if (code) {
-        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", values[0], values[1], values[2], *code);
+        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", station, offset, elevation, *code);
     } else {
-        out.print("%0.3lf,%0.3lf,%0.3lf\n", values[0], values[1], values[2]);
+        out.print("%0.3lf,%0.3lf,%0.3lf\n", station, offset, elevation);
     }
 }
 
 void writeFixedWidthPoint(OutputFile& out, std::string_view line) {
     Tokenizer tokens(line);
-    std::array<double, 3> values{};
-    for (double& value : values) {
-        auto token = tokens.next(",");
-        if (!token) return;
-        value = parseNumber(*token);
-    }
+    auto values = nextNumbers<3>(tokens, ",");
+    if (!values) return;
+    auto [station, offset, elevation] = *values;
     std::string code(tokens.rest());
     if (!code.empty()) code.pop_back();  // the line break, or the code's own last character
-    out.print("%8.3lf %8.3lf %8.3lf %s\n", values[0], values[1], values[2], code);
+    out.print("%8.3lf %8.3lf %8.3lf %s\n", station, offset, elevation, code);
 }
 
 }  // namespace
 
 Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
-    LineReader in;
-    OutputFile out;
-    Outcome opened = openBoth(in, entrada, out, salida);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, salida);
     if (!opened.ok()) return opened;
     std::string line;
-    while (readLineBeforeEnd(in, line)) {
-        if (!line.empty()) writeNevoPoint(out, line);
+    while (readLineBeforeEnd(files.in, line)) {
+        if (!line.empty()) writeNevoPoint(files.out, line);
     }
-    return finish(in, out);
+    return files.finish();
 }
 
 Outcome commaSectionsToFixedWidth(const std::string& entrada, const std::string& salida) {
-    LineReader in;
-    OutputFile out;
-    Outcome opened = openBoth(in, entrada, out, salida);
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, salida);
     if (!opened.ok()) return opened;
     std::string line;
-    while (readLineThroughEnd(in, line)) writeFixedWidthPoint(out, line);
-    return finish(in, out);
+    while (readLineThroughEnd(files.in, line)) writeFixedWidthPoint(files.out, line);
+    return files.finish();
 }
 
 }  // namespace quelcnv
