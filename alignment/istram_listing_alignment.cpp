@@ -10,6 +10,7 @@
 #include "alignment/ruxo_alignment_file.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
+#include "common/text_case.h"
 #include "common/tokenizer.h"
 
 namespace quelcnv {
@@ -23,26 +24,17 @@ constexpr std::size_t minimumLineLength = 10;
 // An arc radius of exactly -0.001 is taken as no radius (0).
 constexpr double noRadius = -0.001;
 
-char upperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-bool sameIgnoringCase(std::string_view a, std::string_view b) {
-    if (a.size() != b.size()) return false;
-    for (std::size_t i = 0; i < a.size(); ++i)
-        if (upperAscii(a[i]) != upperAscii(b[i])) return false;
-    return true;
-}
-
 bool isElementWord(std::optional<std::string_view> word) {
-    return word && (sameIgnoringCase(*word, "RECTA") || sameIgnoringCase(*word, "CIRC.") ||
-                    sameIgnoringCase(*word, "CLOT."));
+    return word && (equalsIgnoringCase(*word, "RECTA") || equalsIgnoringCase(*word, "CIRC.") ||
+                    equalsIgnoringCase(*word, "CLOT."));
 }
 
 // The listing's words are "CIRC." and "CLOT.", with the dot, so only "RECTA"
 // ever classifies. Kept on purpose: this importer brings over the straights.
 std::optional<std::int32_t> classify(std::string_view word) {
-    if (sameIgnoringCase(word, "RECTA")) return straightElement;
-    if (sameIgnoringCase(word, "CIRC")) return arcElement;
-    if (sameIgnoringCase(word, "CLOT")) return clothoidElement;
+    if (equalsIgnoringCase(word, "RECTA")) return straightElement;
+    if (equalsIgnoringCase(word, "CIRC")) return arcElement;
+    if (equalsIgnoringCase(word, "CLOT")) return clothoidElement;
     return std::nullopt;
 }
 

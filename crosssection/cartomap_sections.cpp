@@ -7,6 +7,7 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
+#include "common/text_case.h"
 #include "common/tokenizer.h"
 #include "crosssection/section_point.h"
 
@@ -17,11 +18,7 @@ namespace {
 constexpr std::string_view separators = " ,\t";
 
 bool isPkWord(std::optional<std::string_view> token) {
-    constexpr std::string_view pk = "\"PK\"";
-    return token && token->size() == pk.size() &&
-           std::equal(pk.begin(), pk.end(), token->begin(), [](char a, char b) {
-               return a == (b >= 'a' && b <= 'z' ? static_cast<char>(b - 'a' + 'A') : b);
-           });
+    return token && equalsIgnoringCase(*token, "\"PK\"");
 }
 
 // The point lines after a header, until the next header, which is read

@@ -45,11 +45,6 @@ int chainAlwaysDone(Importer import, const char* entrada, const char* salida, co
     });
 }
 
-int importerResult(Importer import, const char* entrada, const char* salida) {
-    return guarded(
-        0, [&] { return areUsablePaths(entrada, salida) && import(entrada, salida).ok() ? 1 : 0; });
-}
-
 }  // namespace
 }  // namespace quelcnv
 
@@ -109,11 +104,11 @@ QUELCNV_API int QUELCNV_CALL MyDll_aispol2nevo(const char* entrada, const char* 
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_aclipplt2ruxo(const char* entrada, const char* salida) {
-    return importerResult(importClipPltAlignment, entrada, salida);
+    return convertFile(importClipPltAlignment, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_aistram2ruxo(const char* entrada, const char* salida) {
-    return importerResult(importIstramAlignment, entrada, salida);
+    return convertFile(importIstramAlignment, entrada, salida);
 }
 
 }  // extern "C"

@@ -18,13 +18,6 @@ namespace quelcnv {
 namespace {
 
 using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
-using Converter = Outcome (*)(const std::string& entrada, const std::string& salida);
-
-int converterResult(Converter convert, const char* entrada, const char* salida) {
-    return guarded(0, [&] {
-        return areUsablePaths(entrada, salida) && convert(entrada, salida).ok() ? 1 : 0;
-    });
-}
 
 // The importer writes the scratch RUXO file; only when it succeeded is the
 // NEVO file written from it. The scratch file is removed and the result is
@@ -50,11 +43,11 @@ extern "C" {
 using namespace quelcnv;
 
 QUELCNV_API int QUELCNV_CALL MyDll_ruxo2nevo(const char* entrada, const char* salida) {
-    return converterResult(ruxoSectionsToNevo, entrada, salida);
+    return convertFile(ruxoSectionsToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_traruxo2nevo(const char* entrada, const char* salida) {
-    return converterResult(commaSectionsToFixedWidth, entrada, salida);
+    return convertFile(commaSectionsToFixedWidth, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_istram2nevo(const char* entrada, const char* salida) {
@@ -78,7 +71,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_cliptrv2nevo(const char* entrada, const char*
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_traCartomap2ruxo(const char* entrada, const char* salida) {
-    return converterResult(importCartomapSections, entrada, salida);
+    return convertFile(importCartomapSections, entrada, salida);
 }
 
 }  // extern "C"

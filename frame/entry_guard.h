@@ -3,6 +3,9 @@
 #pragma once
 
 #include <cstring>
+#include <string>
+
+#include "common/outcome.h"
 
 namespace quelcnv {
 
@@ -38,6 +41,17 @@ void guardedVoid(Body&& body) noexcept {
         body();
     } catch (...) {
     }
+}
+
+// A converter from one file into another.
+using FileConverter = Outcome (*)(const std::string& entrada, const std::string& salida);
+
+// The entry point of a single converter: 1 when it converted, 0 when it
+// failed or a path cannot be used.
+inline int convertFile(FileConverter convert, const char* entrada, const char* salida) noexcept {
+    return guarded(0, [&] {
+        return areUsablePaths(entrada, salida) && convert(entrada, salida).ok() ? 1 : 0;
+    });
 }
 
 }  // namespace quelcnv

@@ -144,7 +144,8 @@ QUELCNV_API int QUELCNV_CALL MyDll_aistram2ruxo(const char* entrada, const char*
 /* ---- Vertical profiles and superelevation -------------------------------- */
 
 /* ISTRAM, VELM (five-column or ISPOL listing) and ISPOL profiles to NEVO.
- * 1 done, 0 failed. */
+ * 1 done; 0 when the input cannot be opened, holds no vertex, or the output
+ * cannot be written. */
 QUELCNV_API int QUELCNV_CALL MyDll_ristram2nevo(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_rvelm2nevo(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_rispol2nevo(const char* entrada, const char* salida);
@@ -173,16 +174,20 @@ QUELCNV_API int QUELCNV_CALL MyDll_peralteClip2nevo(const char* entrada, const c
 /* ---- Field data ---------------------------------------------------------- */
 
 /* KL500 level readings to an IGN levelling book with its header texts.
- * 1 done, 0 fewer than three records, 21 entrada can't be opened. */
+ * 1 done; 0 fewer than three records, or the book cannot be written;
+ * 21 entrada can't be opened. */
 QUELCNV_API int QUELCNV_CALL MyDll_anivel2ing(const char* entrada, const char* salida,
                                               const char* empresa, const char* operador,
                                               const char* mira1, const char* mira2,
                                               const char* nserie);
 /* LEA survey to a Medrix observation file and its code file ("cod");
- * NEVO observation list to Medrix observations. 1 done, 0 failed. */
+ * NEVO observation list to Medrix observations. 1 done, 0 failed (for the
+ * LEA survey also when no observation follows a station; a code file that
+ * cannot be written is left out and the result is still 1). */
 QUELCNV_API int QUELCNV_CALL MyDll_topoLea2Medrix(const char* entrada, const char* salida);
 QUELCNV_API int QUELCNV_CALL MyDll_lectnevo2medrix(const char* entrada, const char* salida);
-/* Robotic total-station readings into a report: not provided in this version. */
+/* Robotic total-station readings into a report: not provided in this
+ * version. Reads and writes nothing and returns 0. */
 QUELCNV_API int QUELCNV_CALL MyDll_procesaRobotizada(const char* lecturas, const char* puntos,
                                                      const char* salida, const char* trabajo,
                                                      const char* operario, const char* descripcion,

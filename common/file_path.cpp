@@ -1,0 +1,35 @@
+#include "common/file_path.h"
+
+namespace quelcnv {
+
+namespace {
+
+#ifdef _WIN32
+constexpr std::string_view folderSeparators = "\\/";
+
+// "C:" at the start of a Windows path.
+std::size_t driveLength(std::string_view path) {
+    return path.size() >= 2 && path[1] == ':' ? 2 : 0;
+}
+#else
+constexpr std::string_view folderSeparators = "/";
+
+std::size_t driveLength(std::string_view) { return 0; }
+#endif
+
+}  // namespace
+
+std::string replaceExtension(std::string_view path, std::string_view extension) {
+    std::size_t nameStart = driveLength(path);
+    std::size_t lastSeparator = path.find_last_of(folderSeparators);
+    if (lastSeparator != std::string_view::npos && lastSeparator >= nameStart)
+        nameStart = lastSeparator + 1;
+    std::size_t dot = path.find_last_of('.');
+    std::size_t nameEnd = dot != std::string_view::npos && dot >= nameStart ? dot : path.size();
+    std::string replaced(path.substr(0, nameEnd));
+    if (!extension.starts_with('.')) replaced += '.';
+    replaced += extension;
+    return replaced;
+}
+
+}  // namespace quelcnv

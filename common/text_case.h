@@ -1,0 +1,13 @@
+// Comparing record names and codes without regard to letter case.
+#pragma once
+
+#include <string_view>
+
+namespace quelcnv {
+
+// True when the two texts are equal once the ASCII letters A-Z are taken as
+// a-z, as the C runtime compares them in the "C" locale; other bytes, those
+// of the code page's accented letters too, must match exactly.
+bool equalsIgnoringCase(std::string_view a, std::string_view b);
+
+}  // namespace quelcnv

@@ -1,0 +1,47 @@
+#include "profile/istram_profile.h"
+
+#include <cmath>
+#include <span>
+#include <string_view>
+
+#include "common/numbers.h"
+#include "profile/nevo_profile.h"
+#include "profile/vertex_lines.h"
+
+namespace quelcnv {
+
+namespace {
+
+// Fields 1 station, 2 elevation, 3 to 6 not used, 7 grade in percent of the
+// straight leaving the vertex, 8 kv.
+ProfileVertex vertexOfListing(std::span<const std::string_view> fields) {
+    ProfileVertex vertex;
+    vertex.station = parseNumber(fields[0]);
+    vertex.elevation = parseNumber(fields[1]);
+    vertex.grade = parseNumber(fields[6]) / 100.0;
+    vertex.kv = parseNumber(fields[7]);
+    return vertex;
+}
+
+// The curve length of an inner vertex is |change of grade x kv|, the grades
+// being those read (no shift, unlike the ISPOL listing). Half of it is kept
+// as the tangent, which the NEVO writer doubles back exactly.
+void setTangents(Profile& vertices) {
+    for (std::size_t i = 1; i + 1 < vertices.size(); ++i) {
+        ProfileVertex& vertex = vertices[i];
+        double change = vertex.grade - vertices[i - 1].grade;
+        vertex.tangent = std::fabs(change * vertex.kv) * 0.5;
+    }
+}
+
+}  // namespace
+
+Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida) {
+    Profile vertices;
+    Outcome read = readVertexLines(entrada, 8, vertexOfListing, vertices);
+    if (!read.ok()) return read;
+    setTangents(vertices);
+    return writeNevoProfile(vertices, salida);
+}
+
+}  // namespace quelcnv

@@ -1,0 +1,18 @@
+// Importer of the ISTRAM vertex listing (one vertex per line with the grade
+// of the straight leaving it) into the NEVO profile file.
+#pragma once
+
+#include <string>
+
+#include "common/outcome.h"
+
+namespace quelcnv {
+
+// Reads entrada and writes the NEVO profile file salida. Fails with
+// inputUnreadable when entrada cannot be opened or read, with noData
+// (creating nothing) when it holds no vertex, with rejected when it holds
+// more vertices than lines, and with outputUnwritable when salida cannot be
+// written.
+Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida);
+
+}  // namespace quelcnv

@@ -1,0 +1,17 @@
+#include "profile/superelevation_file.h"
+
+#include "common/output_file.h"
+
+namespace quelcnv {
+
+Outcome writeSuperelevationFile(const std::vector<SuperelevationRow>& rows,
+                                const std::string& salida) {
+    OutputFile out;
+    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
+    for (const SuperelevationRow& row : rows)
+        out.print("%8.3lf %6.3lf %6.3lf\n", row.station, row.firstFall, row.secondFall);
+    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
+    return Outcome::done();
+}
+
+}  // namespace quelcnv
