@@ -35,12 +35,10 @@ struct IspolElement {
     double curve = 0.0;  // radius for the arcs, parameter for the clothoids
 };
 
-bool isComment(std::string_view line) { return !line.empty() && line.front() == '#'; }
-
 // The next line that is not a comment; false at the end of the file.
 bool readDataLine(LineReader& reader, std::string& line) {
     while (readLineThroughEnd(reader, line))
-        if (!isComment(line)) return true;
+        if (!isCommentLine(line)) return true;
     return false;
 }
 
@@ -99,7 +97,7 @@ std::vector<AlignmentRecord> readElements(LineReader& reader) {
     while (std::optional<IspolElement> element = parseElement(line)) {
         records.push_back(recordOf(*element, station));
         station += element->length;
-        if (!readLineBeforeEnd(reader, line) || isComment(line)) break;
+        if (!readLineBeforeEnd(reader, line) || isCommentLine(line)) break;
     }
     return records;
 }

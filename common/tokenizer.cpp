@@ -17,4 +17,18 @@ std::optional<std::string_view> Tokenizer::next(std::string_view separators) {
     return text_.substr(start, end - start);
 }
 
+std::vector<std::string_view> leadingFields(std::string_view text, std::string_view separators,
+                                            std::size_t count) {
+    std::vector<std::string_view> fields;
+    Tokenizer tokens(text);
+    while (fields.size() < count) {
+        auto token = tokens.next(separators);
+        if (!token) break;
+        fields.push_back(*token);
+    }
+    return fields;
+}
+
+bool isCommentLine(std::string_view line) { return !line.empty() && line.front() == '#'; }
+
 }  // namespace quelcnv

@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "common/numbers.h"
 
@@ -33,6 +34,13 @@ private:
 // Separator sets used across the converters.
 inline constexpr std::string_view blanksAndTabs = " \t";
 inline constexpr std::string_view blanksTabsAndNewlines = " \t\n";
+
+// The first count tokens of a text (fewer when it has fewer).
+std::vector<std::string_view> leadingFields(std::string_view text, std::string_view separators,
+                                            std::size_t count);
+
+// A line whose first character is "#": a comment in many of the formats.
+bool isCommentLine(std::string_view line);
 
 // The next count tokens read as numbers (text that is no number reads 0), or
 // nothing when a token is missing.

@@ -7,7 +7,6 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/tokenizer.h"
-#include "profile/line_fields.h"
 #include "profile/velm_profile.h"
 
 namespace quelcnv {

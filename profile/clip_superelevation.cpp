@@ -6,7 +6,6 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/tokenizer.h"
-#include "profile/line_fields.h"
 #include "profile/superelevation_file.h"
 
 namespace quelcnv {

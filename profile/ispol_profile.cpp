@@ -7,7 +7,6 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/tokenizer.h"
-#include "profile/line_fields.h"
 #include "profile/nevo_profile.h"
 
 namespace quelcnv {
@@ -19,12 +18,7 @@ namespace {
 std::optional<ProfileVertex> parseVertex(std::string_view line) {
     std::vector<std::string_view> fields = leadingFields(line, blanksTabsAndNewlines, 8);
     if (fields.size() < 8) return std::nullopt;
-    ProfileVertex vertex;
-    vertex.station = parseNumber(fields[0]);
-    vertex.elevation = parseNumber(fields[1]);
-    vertex.grade = parseNumber(fields[6]) / 100.0;
-    vertex.kv = parseNumber(fields[7]);
-    return vertex;
+    return listingVertex(fields);
 }
 
 // Skips the header lines; the line after them is left in `line`.

@@ -12,17 +12,6 @@ namespace quelcnv {
 
 namespace {
 
-// Fields 1 station, 2 elevation, 3 to 6 not used, 7 grade in percent of the
-// straight leaving the vertex, 8 kv.
-ProfileVertex vertexOfListing(std::span<const std::string_view> fields) {
-    ProfileVertex vertex;
-    vertex.station = parseNumber(fields[0]);
-    vertex.elevation = parseNumber(fields[1]);
-    vertex.grade = parseNumber(fields[6]) / 100.0;
-    vertex.kv = parseNumber(fields[7]);
-    return vertex;
-}
-
 // The curve length of an inner vertex is |change of grade x kv|, the grades
 // being those read (no shift, unlike the ISPOL listing). Half of it is kept
 // as the tangent, which the NEVO writer doubles back exactly.
@@ -38,7 +27,7 @@ void setTangents(Profile& vertices) {
 
 Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida) {
     Profile vertices;
-    Outcome read = readVertexLines(entrada, 8, vertexOfListing, vertices);
+    Outcome read = readVertexLines(entrada, 8, listingVertex, vertices);
     if (!read.ok()) return read;
     setTangents(vertices);
     return writeNevoProfile(vertices, salida);

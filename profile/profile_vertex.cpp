@@ -1,5 +1,6 @@
 #include "profile/profile_vertex.h"
 
+#include "common/numbers.h"
 #include "common/tolerance.h"
 
 namespace quelcnv {
@@ -19,6 +20,15 @@ double changeOfGrade(const Profile& vertices, std::size_t i) {
     // the curves written at such vertices depend on it.
     double outgoing = i + 1 < vertices.size() ? gradeBetween(vertices[i + 1], vertices[i]) : 0.0;
     return outgoing - incoming;
+}
+
+ProfileVertex listingVertex(std::span<const std::string_view> fields) {
+    ProfileVertex vertex;
+    vertex.station = parseNumber(fields[0]);
+    vertex.elevation = parseNumber(fields[1]);
+    vertex.grade = parseNumber(fields[6]) / 100.0;
+    vertex.kv = parseNumber(fields[7]);
+    return vertex;
 }
 
 }  // namespace quelcnv

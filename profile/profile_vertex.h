@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
+#include <string_view>
 #include <vector>
 
 namespace quelcnv {
@@ -32,5 +34,10 @@ double gradeBetween(const ProfileVertex& p, const ProfileVertex& q);
 // The change of grade at vertex i: outgoing minus incoming, each 0 where
 // vertex i has no neighbour on that side.
 double changeOfGrade(const Profile& vertices, std::size_t i);
+
+// The vertex of an ISTRAM or ISPOL listing line from its fields: 1 station,
+// 2 elevation, 3 to 6 not used, 7 grade in percent, 8 kv. At least eight
+// fields.
+ProfileVertex listingVertex(std::span<const std::string_view> fields);
 
 }  // namespace quelcnv

@@ -7,7 +7,7 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
-#include "profile/line_fields.h"
+#include "common/tokenizer.h"
 
 namespace quelcnv {
 

@@ -7,8 +7,8 @@
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
+#include "common/tokenizer.h"
 #include "profile/ispol_profile.h"
-#include "profile/line_fields.h"
 #include "profile/nevo_profile.h"
 #include "profile/vertex_lines.h"
 

@@ -2,7 +2,6 @@
 
 #include "common/line_reader.h"
 #include "common/tokenizer.h"
-#include "profile/line_fields.h"
 
 namespace quelcnv {
 
