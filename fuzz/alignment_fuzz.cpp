@@ -4,11 +4,6 @@
 // plain test that replays tests/data (see tests/CMakeLists.txt).
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <filesystem>
-#include <string>
-
-#include <unistd.h>
 
 #include "alignment/clip_plt_alignment.h"
 #include "alignment/htrazado_alignment.h"
@@ -17,24 +12,12 @@
 #include "alignment/istram_listing_alignment.h"
 #include "alignment/nevo_alignment.h"
 #include "alignment/ruxo_alignment_file.h"
-
-namespace {
-
-std::string scratchPath(const char* name) {
-    return (std::filesystem::temp_directory_path() /
-            ("quelcnv-fuzz-" + std::to_string(::getpid()) + "-" + name))
-        .string();
-}
-
-}  // namespace
+#include "fuzz/fuzz_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::string input = scratchPath("input.ruxo");
-    static const std::string output = scratchPath("output.ruxo");
-    if (std::FILE* file = std::fopen(input.c_str(), "wb")) {
-        std::fwrite(data, 1, size, file);
-        std::fclose(file);
-    }
+    quelcnv::fuzz::FuzzFiles files(data, size);
+    const std::string& input = files.input();
+    const std::string& output = files.output();
     using namespace quelcnv;
     for (auto comments : {CommentLines::skipped, CommentLines::readAsNumbers}) {
         AlignmentFile read = readAlignmentFile(input, comments);
@@ -46,7 +29,5 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         importClipPltAlignment, importHtrazadoAlignment}) {
         import(input, output);
     }
-    std::remove(input.c_str());
-    std::remove(output.c_str());
     return 0;
 }

@@ -3,11 +3,6 @@
 // and as a plain test that replays tests/data (see tests/CMakeLists.txt).
 #include <cstddef>
 #include <cstdint>
-#include <cstdio>
-#include <filesystem>
-#include <string>
-
-#include <unistd.h>
 
 #include "crosssection/cartomap_sections.h"
 #include "crosssection/clip_ter_sections.h"
@@ -16,31 +11,15 @@
 #include "crosssection/istram_sections.h"
 #include "crosssection/mxroad_sections.h"
 #include "crosssection/ruxo_sections.h"
-
-namespace {
-
-std::string scratchPath(const char* name) {
-    return (std::filesystem::temp_directory_path() /
-            ("quelcnv-fuzz-" + std::to_string(::getpid()) + "-" + name))
-        .string();
-}
-
-}  // namespace
+#include "fuzz/fuzz_files.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    static const std::string input = scratchPath("input.txt");
-    static const std::string output = scratchPath("output.txt");
-    if (std::FILE* file = std::fopen(input.c_str(), "wb")) {
-        std::fwrite(data, 1, size, file);
-        std::fclose(file);
-    }
+    quelcnv::fuzz::FuzzFiles files(data, size);
     using namespace quelcnv;
     for (auto convert : {ruxoSectionsToNevo, commaSectionsToFixedWidth, importIstramSections,
                          importMxroadSections, importHtrazadoSections, importClipTerSections,
                          importClipTrvSections, importCartomapSections}) {
-        convert(input, output);
+        convert(files.input(), files.output());
     }
-    std::remove(input.c_str());
-    std::remove(output.c_str());
     return 0;
 }
