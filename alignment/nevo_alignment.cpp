@@ -73,19 +73,76 @@ std::optional<AlignmentRecord> middleOf(std::span<const AlignmentRecord> records
     return split;
 }
 
+struct Split {
+    std::size_t arc;            // where the arc split stands
+    AlignmentRecord arcRecord;  // the arc and its next record, as the split left them
+    AlignmentRecord next;
+    AlignmentRecord middle;  // the record added
+};
+
 // One split as the rule states it: the first arc that sweeps half a circle,
 // from the start of the records, then all records sorted by station (ties
-// keep their order). False when nothing was split.
-bool splitFirstAndSort(Records& records, std::size_t capacity) {
-    if (records.size() >= capacity) return false;
+// keep their order). Nothing when nothing was split.
+std::optional<Split> splitFirstAndSort(Records& records, std::size_t capacity) {
+    if (records.size() >= capacity) return std::nullopt;
     auto k = firstSweepingArc(records);
-    if (!k) return false;
+    if (!k) return std::nullopt;
     auto middle = middleOf(records, *k);
-    if (!middle) return false;
+    if (!middle) return std::nullopt;
     records[*k].length = middle->length;
+    Split split{*k, records[*k], records[*k + 1], *middle};
     records.push_back(*middle);
     std::stable_sort(records.begin(), records.end(), byStation);
+    return split;
+}
+
+bool sameRecord(const AlignmentRecord& a, const AlignmentRecord& b) {
+    return a.type == b.type && a.station == b.station && a.x == b.x && a.y == b.y &&
+           a.aux == b.aux && a.azimuth == b.azimuth && a.radius == b.radius &&
+           a.parameter == b.parameter && a.length == b.length;
+}
+
+// Whether stations compared within their tolerance order these records as
+// a plain order would: every run of stations closer than the tolerance to
+// the one before spans less than the tolerance.
+bool stationsCompareConsistently(const Records& records) {
+    std::vector<double> stations;
+    for (const AlignmentRecord& r : records) stations.push_back(r.station);
+    if (std::any_of(stations.begin(), stations.end(), [](double s) { return std::isnan(s); }))
+        return false;
+    std::sort(stations.begin(), stations.end());
+    double runStart = stations.front();
+    for (std::size_t i = 1; i < stations.size(); ++i) {
+        if (stations[i] - stations[i - 1] >= stationTolerance)
+            runStart = stations[i];
+        else if (stations[i] - runStart >= stationTolerance)
+            return false;
+    }
     return true;
+}
+
+// When the record a split added sorted after the arc's next record (an arc of
+// no length, or almost none), the same arc is the first to split again, and
+// again the same record is added after the last one: the splits that remain
+// until the records fill their room are all that one. They are added at once.
+bool repeatsUntilFull(Records& records, const Split& split, std::size_t capacity) {
+    if (!sameRecord(records[split.arc], split.arcRecord) ||
+        !sameRecord(records[split.arc + 1], split.next) || !stationsCompareConsistently(records))
+        return false;
+    // Stations order the records consistently: the record added stands last
+    // among those at its station, and so will every copy.
+    auto after = std::upper_bound(records.begin(), records.end(), split.middle, byStation);
+    if (after - records.begin() <= static_cast<std::ptrdiff_t>(split.arc) + 2) return false;
+    records.insert(after, capacity - records.size(), split.middle);
+    return true;
+}
+
+// The splits as the rule states them, until none is left or the records
+// fill their room.
+void splitBySorting(Records& records, std::size_t capacity) {
+    while (auto split = splitFirstAndSort(records, capacity)) {
+        if (records.size() < capacity && repeatsUntilFull(records, *split, capacity)) return;
+    }
 }
 
 // Neighbours farther apart than two station tolerances never compare equal,
@@ -127,8 +184,7 @@ void splitWalking(Records& records, std::size_t capacity) {
     }
     done.insert(done.end(), ahead.rbegin(), ahead.rend());
     records = std::move(done);
-    while (splitFirstAndSort(records, capacity)) {
-    }
+    splitBySorting(records, capacity);
 }
 
 // ---- Writing -----------------------------------------------------------------
@@ -247,12 +303,10 @@ NevoForm chooseNevoForm(const std::string& ruxoPath, const std::string& hostFold
 void splitLongArcs(Records& records, std::size_t capacity) {
     // The first split works on the records in file order, and sorts them.
     if (!splitFirstAndSort(records, capacity)) return;
-    if (allWellApart(records)) {
+    if (allWellApart(records))
         splitWalking(records, capacity);
-    } else {
-        while (splitFirstAndSort(records, capacity)) {
-        }
-    }
+    else
+        splitBySorting(records, capacity);
 }
 
 Outcome writeElementForm(const std::string& entrada, const std::string& salida) {

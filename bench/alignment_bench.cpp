@@ -1,6 +1,7 @@
 // The NEVO alignment writer on long alignments full of arcs that turn more
 // than half a circle, each split at its middle before writing: 100,000
-// elements must convert in well under a second.
+// elements must convert in well under a second, and so must a hostile file
+// of arcs that never get shorter.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -57,5 +58,23 @@ void BM_IntersectionFormWithLongArcs(benchmark::State& state) {
     std::filesystem::remove(output);
 }
 BENCHMARK(BM_IntersectionFormWithLongArcs)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+// Arcs of no length that turn 250 grads: each split leaves the same arc to
+// split again, until the records fill their room (three per line).
+void BM_ZeroLengthArcs(benchmark::State& state) {
+    std::string input =
+        (std::filesystem::temp_directory_path() / "quelcnv-bench-zero.ruxo").string();
+    std::vector<AlignmentRecord> records(static_cast<std::size_t>(state.range(0)));
+    for (std::size_t i = 0; i < records.size(); ++i) {
+        records[i].azimuth = i % 2 == 0 ? 0.0 : 250.0;
+        records[i].radius = i % 2 == 0 ? 10.0 : 0.0;
+    }
+    writeAlignmentFile(records, input);
+    std::string output = input + ".nev";
+    for (auto _ : state) benchmark::DoNotOptimize(writeIntersectionForm(input, output));
+    std::filesystem::remove(input);
+    std::filesystem::remove(output);
+}
+BENCHMARK(BM_ZeroLengthArcs)->Arg(20000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
