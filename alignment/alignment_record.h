@@ -23,6 +23,13 @@ struct AlignmentRecord {
     double length = 0.0;     // next record's station less this one's
 };
 
+// A key point's record from its values; type, aux and length are left for
+// the reader to set.
+inline AlignmentRecord keyPoint(double station, double x, double y, double azimuth, double radius,
+                                double parameter) {
+    return {straightElement, station, x, y, 0.0, azimuth, radius, parameter, 0.0};
+}
+
 // A clothoid when the parameter is not 0, else an arc when the radius is not
 // 0, else a straight.
 std::int32_t elementTypeOf(double parameter, double radius);

@@ -28,14 +28,7 @@ std::optional<AlignmentRecord> parseKeyPoint(std::string_view line) {
     auto values = nextNumbers<6>(tokens, separators);
     if (!values) return std::nullopt;
     auto [station, x, y, azimuth, radius, parameter] = *values;
-    AlignmentRecord record;
-    record.station = station;
-    record.x = x;
-    record.y = y;
-    record.azimuth = azimuth;
-    record.radius = radius;
-    record.parameter = parameter;
-    return record;
+    return keyPoint(station, x, y, azimuth, radius, parameter);
 }
 
 // CLIP gives a curve's radius and parameter at the key point where the

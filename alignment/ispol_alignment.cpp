@@ -46,12 +46,9 @@ bool readDataLine(LineReader& reader, std::string& line) {
 // parameter. Nothing when one is missing.
 std::optional<IspolElement> parseElement(std::string_view line) {
     Tokenizer tokens(line);
-    std::array<std::string_view, 8> fields;
-    for (std::string_view& field : fields) {
-        auto token = tokens.next(blanksAndTabs);
-        if (!token) return std::nullopt;
-        field = *token;
-    }
+    auto read = nextTokens<8>(tokens, blanksAndTabs);
+    if (!read) return std::nullopt;
+    const auto& fields = *read;
     IspolElement element;
     element.code = parseWhole(fields[0]);
     element.length = parseNumber(fields[1]);

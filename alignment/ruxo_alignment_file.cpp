@@ -18,14 +18,9 @@ std::optional<AlignmentRecord> parseRecordLine(std::string_view line) {
     auto values = nextNumbers<6>(tokens, blanksTabsAndNewlines);
     if (!values) return std::nullopt;
     auto [station, x, y, azimuth, parameter, radius] = *values;
-    AlignmentRecord record;
-    record.station = station;
-    record.x = x;
-    record.y = y;
-    record.azimuth = azimuth;
-    record.parameter = parameter;  // the file gives the parameter before the radius
-    record.radius = radius;
-    record.type = elementTypeOf(record.parameter, record.radius);
+    // The file gives the parameter before the radius.
+    AlignmentRecord record = keyPoint(station, x, y, azimuth, radius, parameter);
+    record.type = elementTypeOf(parameter, radius);
     return record;
 }
 

@@ -134,26 +134,27 @@ WholeScan scanWhole(std::string_view text) {
 
 std::int32_t parseWhole(std::string_view text) { return scanWhole(text).value; }
 
-bool ValueScanner::number(double& value) {
-    NumberScan scan = stopped_ ? NumberScan{} : scanNumber(rest_);
-    if (scan.length == 0) {
-        stopped_ = true;
+namespace {
+
+// One conversion of a ValueScanner: the value and what it took, or a stop.
+template <typename Scan, typename Value>
+bool scanInto(std::string_view& rest, bool& stopped, Scan scan, Value& value) {
+    auto found = stopped ? decltype(scan(rest)){} : scan(rest);
+    if (found.length == 0) {
+        stopped = true;
         return false;
     }
-    value = scan.value;
-    rest_.remove_prefix(scan.length);
+    value = found.value;
+    rest.remove_prefix(found.length);
     return true;
 }
 
+}  // namespace
+
+bool ValueScanner::number(double& value) { return scanInto(rest_, stopped_, scanNumber, value); }
+
 bool ValueScanner::whole(std::int32_t& value) {
-    WholeScan scan = stopped_ ? WholeScan{} : scanWhole(rest_);
-    if (scan.length == 0) {
-        stopped_ = true;
-        return false;
-    }
-    value = scan.value;
-    rest_.remove_prefix(scan.length);
-    return true;
+    return scanInto(rest_, stopped_, scanWhole, value);
 }
 
 bool ValueScanner::literal(char c) {

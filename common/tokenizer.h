@@ -42,17 +42,28 @@ std::vector<std::string_view> leadingFields(std::string_view text, std::string_v
 // A line whose first character is "#": a comment in many of the formats.
 bool isCommentLine(std::string_view line);
 
+// The next count tokens, or nothing when one is missing.
+template <std::size_t count>
+std::optional<std::array<std::string_view, count>> nextTokens(Tokenizer& tokens,
+                                                              std::string_view separators) {
+    std::array<std::string_view, count> fields;
+    for (std::string_view& field : fields) {
+        auto token = tokens.next(separators);
+        if (!token) return std::nullopt;
+        field = *token;
+    }
+    return fields;
+}
+
 // The next count tokens read as numbers (text that is no number reads 0), or
 // nothing when a token is missing.
 template <std::size_t count>
 std::optional<std::array<double, count>> nextNumbers(Tokenizer& tokens,
                                                      std::string_view separators) {
-    std::array<double, count> values{};
-    for (double& value : values) {
-        auto token = tokens.next(separators);
-        if (!token) return std::nullopt;
-        value = parseNumber(*token);
-    }
+    auto fields = nextTokens<count>(tokens, separators);
+    if (!fields) return std::nullopt;
+    std::array<double, count> values;
+    for (std::size_t i = 0; i < count; ++i) values[i] = parseNumber((*fields)[i]);
     return values;
 }
 

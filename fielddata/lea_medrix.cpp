@@ -55,12 +55,9 @@ void readStation(std::string_view line, Station& station) {
 std::optional<Observation> parseObservation(std::string_view line, const Station& station) {
     Tokenizer tokens(line);
     tokens.next(blanksAndTabs);  // the field of the kind letter
-    std::array<std::string_view, 5> fields;
-    for (std::string_view& field : fields) {
-        auto token = tokens.next(blanksAndTabs);
-        if (!token) return std::nullopt;
-        field = *token;
-    }
+    auto read = nextTokens<5>(tokens, blanksAndTabs);
+    if (!read) return std::nullopt;
+    const auto& fields = *read;
     Observation observation;
     observation.station = station.name;
     observation.point = fields[0];
