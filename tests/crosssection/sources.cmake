@@ -1,2 +1,2 @@
 # The tests of the crosssection converters.
-target_sources(quelcnv_tests PRIVATE crosssection/sections_test.cpp)
+target_sources(quelcnv_tests PRIVATE crosssection/cartomap_station_test.cpp)

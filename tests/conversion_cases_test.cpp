@@ -1,0 +1,117 @@
+// Every conversion listed in tests/data/<family>/cases.txt, run through its
+// entry point, once as written and once with CR LF line ends in its inputs,
+// which must give the same results and outputs. A case is one line:
+//   <result> <operation> <argument>...
+//   %path   an input file under tests/data
+//   =path   a folder under tests/data, passed as it stands (the host's folder)
+//   @path   the output, which holds "sin tocar" beforehand; afterwards it must
+//           equal tests/data/path, or, for "@-", still hold "sin tocar"
+//   +path   a file the conversion writes beside its output, under the file
+//           name of path; it must equal tests/data/path
+//   other   passed as it stands
+// Lines starting with "#" and empty lines are comments. With
+// QUELCNV_WRITE_EXPECTED set, the outputs are written to the expected files
+// instead: for adding cases, whose outputs must then be read and checked.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+
+#include "cli/operations.h"
+#include "tests/test_support.h"
+
+namespace quelcnv {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view untouched = "sin tocar\n";
+
+struct Expectation {
+    fs::path written;   // in the test's folder
+    fs::path expected;  // under tests/data; empty: the output stays untouched
+};
+
+class ConversionCasesTest : public test::FolderTest {
+protected:
+    // Runs one case; with crlf, on copies of its inputs with CR LF line ends.
+    void run(const std::string& line, bool crlf) {
+        std::istringstream words(line);
+        int result = 0;
+        std::string name;
+        words >> result >> name;
+        const cli::Operation* op = cli::findOperation(name);
+        ASSERT_NE(op, nullptr) << name;
+        std::vector<std::string> arguments;
+        std::vector<Expectation> expectations;
+        for (std::string word; words >> word;) {
+            if (word[0] == '+')
+                expectations.push_back(
+                    {dir_ / fs::path(word).filename(), test::testData(word.substr(1))});
+            else
+                arguments.push_back(argument(word, crlf, expectations));
+        }
+        ASSERT_EQ(arguments.size(), op->argumentNames().size());
+        EXPECT_EQ(op->invoke(arguments), result);
+        for (const Expectation& e : expectations) check(e);
+    }
+
+private:
+    std::string argument(const std::string& word, bool crlf, std::vector<Expectation>& out) {
+        std::string path = word.substr(1);
+        switch (word[0]) {
+            case '%': return crlf ? crlfCopy(path) : test::testData(path).string();
+            case '=': return test::testData(path).string();
+            case '@': {
+                fs::path written =
+                    path == "-" ? fs::path(file("salida")) : dir_ / fs::path(path).filename();
+                test::writeBytes(written, untouched);
+                out.push_back({written, path == "-" ? fs::path() : test::testData(path)});
+                return written.string();
+            }
+            default: return word;
+        }
+    }
+
+    std::string crlfCopy(const std::string& path) {
+        if (!fs::exists(test::testData(path))) return test::testData(path).string();
+        std::string text;
+        for (char c : test::readBytes(test::testData(path))) c == '\n' ? text += "\r\n" : text += c;
+        fs::path copy = dir_ / "crlf" / fs::path(path).filename();
+        fs::create_directories(copy.parent_path());
+        test::writeBytes(copy, text);
+        return copy.string();
+    }
+
+    void check(const Expectation& e) {
+        if (e.expected.empty()) {
+            EXPECT_EQ(test::readBytes(e.written), untouched);
+        } else if (std::getenv("QUELCNV_WRITE_EXPECTED")) {
+            std::string text = test::readBytes(e.written);
+            for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
+            test::writeBytes(e.expected, text);
+        } else {
+            EXPECT_EQ(test::readBytes(e.written),
+                      test::withPlatformNewlines(test::readBytes(e.expected)))
+                << e.expected;
+        }
+    }
+};
+
+TEST_F(ConversionCasesTest, EveryListedCase) {
+    for (const char* family : {"alignment", "crosssection", "profile", "fielddata"}) {
+        fs::path list = test::testData(family) / "cases.txt";
+        std::ifstream in(list);
+        int number = 0;
+        for (std::string line; std::getline(in, line);) {
+            ++number;
+            if (line.empty() || line[0] == '#') continue;
+            SCOPED_TRACE(list.string() + ":" + std::to_string(number) + ": " + line);
+            for (bool crlf : {false, true}) run(line, crlf);
+        }
+    }
+}
+
+}  // namespace
+}  // namespace quelcnv
