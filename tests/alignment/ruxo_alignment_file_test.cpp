@@ -1,55 +1,64 @@
+// What only the functions, or only the RUXO file they write, tell of the RUXO
+// alignment file and its importers; conversions: tests/data/alignment/cases.txt.
 #include "alignment/ruxo_alignment_file.h"
 
 #include <gtest/gtest.h>
 
+#include "alignment/clip_plt_alignment.h"
+#include "alignment/htrazado_alignment.h"
+#include "alignment/ispol_alignment.h"
+#include "alignment/istram_alignment.h"
+#include "alignment/istram_listing_alignment.h"
 #include "tests/test_support.h"
 
 namespace quelcnv {
 namespace {
 
+using Importer = Outcome (*)(const std::string&, const std::string&);
+
+std::string sample(const std::string& name) { return test::testData("alignment/" + name).string(); }
+
 class RuxoAlignmentFileTest : public test::FolderTest {};
 
-// tests/data/alignment/ruxo/eje.ruxo mixes both spellings, CR LF, an empty
-// line, a line of five numbers, comments and an unterminated last line.
-TEST_F(RuxoAlignmentFileTest, ReadsBothSpellingsAndRewritesWithThreeDecimals) {
-    const std::pair<CommentLines, const char*> variants[] = {
-        {CommentLines::skipped, "alignment/ruxo/eje.comments_skipped"},
-        // six words make an all-zero straight, a shorter comment is dropped
-        {CommentLines::readAsNumbers, "alignment/ruxo/eje.comments_read"},
-    };
-    for (auto [comments, expected] : variants) {
-        AlignmentFile read =
-            readAlignmentFile(test::testData("alignment/ruxo/eje.ruxo").string(), comments);
-        ASSERT_TRUE(read.outcome.ok());
-        EXPECT_EQ(read.capacity, 3u * 9u);  // three times the line count
-        ASSERT_TRUE(writeAlignmentFile(read.records, file("out.ruxo")).ok());
-        EXPECT_EQ(test::readBytes(file("out.ruxo")),
-                  test::withPlatformNewlines(test::readBytes(test::testData(expected))));
-    }
-}
-
-TEST_F(RuxoAlignmentFileTest, TypeFollowsFromColumnFiveThenColumnSix) {
-    test::writeBytes(file("eje.ruxo"), "0 0 0 0 0 0\n10 1 2 50 0 -250\n20 3 4 60 -80 300\n");
-    AlignmentFile read = readAlignmentFile(file("eje.ruxo"), CommentLines::skipped);
-    ASSERT_EQ(read.records.size(), 3u);
-    EXPECT_EQ(read.records[0].type, straightElement);
-    EXPECT_EQ(read.records[1].type, arcElement);
-    EXPECT_EQ(read.records[2].type, clothoidElement);
-    EXPECT_EQ(read.records[2].parameter, -80.0);
-    EXPECT_EQ(read.records[2].radius, 300.0);
-}
-
-TEST_F(RuxoAlignmentFileTest, FailuresCreateNoOutput) {
-    EXPECT_EQ(readAlignmentFile(file("missing.ruxo"), CommentLines::skipped).outcome.failure,
-              Failure::inputUnreadable);
-    for (const char* text : {"", "1 2 3 4 5 6", "\n* comment\n1 2 3 4 5\n"}) {
-        test::writeBytes(file("eje.ruxo"), text);
-        EXPECT_EQ(readAlignmentFile(file("eje.ruxo"), CommentLines::skipped).outcome.failure,
-                  Failure::noData)
-            << text;
+TEST_F(RuxoAlignmentFileTest, RoomForRecordsAndFailures) {
+    for (CommentLines comments : {CommentLines::skipped, CommentLines::readAsNumbers}) {
+        EXPECT_EQ(readAlignmentFile(sample("ruxo/eje.ruxo"), comments).capacity,
+                  3u * 9u);  // 3 x 9 lines
+        for (std::string name : {"missing", "failing/empty.txt", "failing/unterminated.ruxo",
+                                 "failing/no_record.ruxo"})
+            EXPECT_EQ(readAlignmentFile(sample(name), comments).outcome.failure,
+                      name == "missing" ? Failure::inputUnreadable : Failure::noData)
+                << name;
     }
     EXPECT_EQ(writeAlignmentFile({AlignmentRecord()}, file("missing/out.ruxo")).failure,
               Failure::outputUnwritable);
+}
+
+TEST_F(RuxoAlignmentFileTest, ImportersFailLeavingSalidaAsItWas) {
+    for (Importer import : {importClipPltAlignment, importHtrazadoAlignment, importIspolAlignment,
+                            importIstramAlignment, importIstramListingAlignment}) {
+        test::writeBytes(file("eje.ruxo"), "old");
+        EXPECT_EQ(import(file("missing"), file("eje.ruxo")).failure, Failure::inputUnreadable);
+        EXPECT_EQ(test::readBytes(file("eje.ruxo")), "old");
+        EXPECT_EQ(import(sample("htrazado/eje.htr"), file("missing/eje.ruxo")).failure,
+                  Failure::outputUnwritable);
+    }
+}
+
+// HTRAZADO: whatever is read, an empty RUXO file. ISPOL: a clothoid into a
+// curve as the last record keeps radius 0.
+TEST_F(RuxoAlignmentFileTest, WhatOnlyTheRuxoFileShows) {
+    const std::tuple<Importer, const char*, const char*> cases[] = {
+        {importHtrazadoAlignment, "htrazado/eje.htr", ""},
+        {importHtrazadoAlignment, "failing/empty.txt", ""},
+        {importIspolAlignment, "ispol/last_clothoid.ispol",
+         "0.000 0.000 0.000 0.000 0.000 300.000\n10.000 1.000 1.000 0.000 80.000 0.000\n"},
+    };
+    for (auto [import, input, expected] : cases) {
+        test::writeBytes(file("eje.ruxo"), "old");
+        ASSERT_TRUE(import(sample(input), file("eje.ruxo")).ok()) << input;
+        EXPECT_EQ(test::readBytes(file("eje.ruxo")), test::withPlatformNewlines(expected)) << input;
+    }
 }
 
 }  // namespace
