@@ -10,8 +10,9 @@
 //           name of path; it must equal tests/data/path
 //   other   passed as it stands
 // Lines starting with "#" and empty lines are comments. With
-// QUELCNV_WRITE_EXPECTED set, the outputs are written to the expected files
-// instead: for adding cases, whose outputs must then be read and checked.
+// QUELCNV_WRITE_EXPECTED set to a family ("profile"), that family's outputs
+// are written to its expected files instead: for adding cases, whose
+// outputs must then be read and checked.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -46,11 +47,14 @@ protected:
         std::vector<std::string> arguments;
         std::vector<Expectation> expectations;
         for (std::string word; words >> word;) {
-            if (word[0] == '+')
-                expectations.push_back(
-                    {dir_ / fs::path(word).filename(), test::testData(word.substr(1))});
-            else
+            if (word[0] != '+') {
                 arguments.push_back(argument(word, crlf, expectations));
+                continue;
+            }
+            // A file left by the run before must not pass for this one's.
+            fs::path beside = dir_ / fs::path(word).filename();
+            fs::remove(beside);
+            expectations.push_back({beside, test::testData(word.substr(1))});
         }
         ASSERT_EQ(arguments.size(), op->argumentNames().size());
         EXPECT_EQ(op->invoke(arguments), result);
@@ -84,10 +88,15 @@ private:
         return copy.string();
     }
 
+    static bool writesExpected(const fs::path& expected) {
+        const char* family = std::getenv("QUELCNV_WRITE_EXPECTED");
+        return family != nullptr && expected.string().starts_with(test::testData(family).string());
+    }
+
     void check(const Expectation& e) {
         if (e.expected.empty()) {
             EXPECT_EQ(test::readBytes(e.written), untouched);
-        } else if (std::getenv("QUELCNV_WRITE_EXPECTED")) {
+        } else if (writesExpected(e.expected)) {
             std::string text = test::readBytes(e.written);
             for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
             test::writeBytes(e.expected, text);

@@ -1,6 +1,3 @@
-# The tests of the fielddata converters.
-target_sources(quelcnv_tests PRIVATE
-  fielddata/ign_level_book_test.cpp
-  fielddata/medrix_test.cpp
-  fielddata/points_test.cpp
-  fielddata/robotic_header_test.cpp)
+# The tests of the fielddata converters; their conversions are cases of
+# tests/data/fielddata/cases.txt.
+target_sources(quelcnv_tests PRIVATE fielddata/fielddata_test.cpp)

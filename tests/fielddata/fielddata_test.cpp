@@ -1,0 +1,138 @@
+// What the field-data conversions do beyond the cases of
+// tests/data/fielddata/cases.txt: their pure functions, arguments the host
+// may pass (NULL, paths its buffers cannot hold, folders), and numbers the C
+// runtime prints in its own way.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "common/file_path.h"
+#include "common/text_format.h"
+#include "fielddata/robotic_header.h"
+#include "quelcnv.h"
+#include "tests/test_support.h"
+
+namespace quelcnv {
+namespace {
+
+namespace fs = std::filesystem;
+
+TEST(FieldDataFunctions, ShiftLeadingBlanksMovesThemToTheEndKeepingTheLength) {
+    const std::pair<std::string, std::string> cases[] = {
+        {" 10:20", "10:20 "},     {"   a b ", "a b    "},  // blanks at the end stay
+        {" 10:20\n", "10:20\n "},                          // after the line break
+        {"\t10:20", "\t10:20"},                            // tabs are no blanks
+        {"10:20", "10:20"},       {"   ", "   "},         {"", ""},
+    };
+    for (auto [text, shifted] : cases) {
+        std::string value = text;
+        shiftLeadingBlanks(value);
+        EXPECT_EQ(value, shifted) << '"' << text << '"';
+    }
+}
+
+TEST(FieldDataFunctions, CodeFileBesideTheObservationFile) {
+    // clang-format off
+    const std::pair<const char*, const char*> cases[] = {
+        {"obs/job.txt", "obs/job.cod"},
+        {"obs/job", "obs/job.cod"},
+        {"obs/job.", "obs/job.cod"},
+        {"obs/job.txt.bak", "obs/job.txt.cod"},
+        {"obs.v2/job", "obs.v2/job.cod"},  // a dot in a folder is no extension
+        {"obs.v2/", "obs.v2/.cod"},
+        {"job.txt", "job.cod"},
+#ifdef _WIN32
+        {"C:\\obs\\job.txt", "C:\\obs\\job.cod"},
+        {"C:\\obs.v2\\job", "C:\\obs.v2\\job.cod"},
+        {"C:job.txt", "C:job.cod"},
+        {"C:\\obs.v2/job", "C:\\obs.v2/job.cod"},
+#else
+        {"/obs/job.txt", "/obs/job.cod"},
+        {"/obs.v2\\job", "/obs.cod"},  // a backslash is part of a Linux name
+#endif
+    };
+    // clang-format on
+    for (auto [observations, codes] : cases)
+        EXPECT_EQ(replaceExtension(observations, "cod"), codes) << observations;
+}
+
+class FieldDataTest : public test::FolderTest {
+protected:
+    std::string data(const char* name) { return test::testData(name).string(); }
+};
+
+// A zenith angle of 0 makes the slope distance 0 / 0, not a number, and the
+// observation stays; 200 grads in doubles is not quite pi, so its sine is
+// tiny, not zero. Both worked out at run time, as the converter works them
+// out (the runtime's sine near pi may differ from the compiler's), and
+// printed as the library prints them.
+TEST_F(FieldDataTest, SlopeDistanceAtZeroAndTwoHundredGrads) {
+    volatile double zero = 0.0, straight = 200 * 0.015707963267948967;
+    const std::pair<const char*, double> cases[] = {{"0", zero / zero},
+                                                    {"200", 50.0 / std::sin(straight)}};
+    for (auto [vertical, distance] : cases) {
+        test::writeBytes(file("obra.lea"),
+                         "S E1 1.5\nP 7 10 " + std::string(vertical) + " 50 1.3\n");
+        ASSERT_EQ(MyDll_topoLea2Medrix(file("obra.lea").c_str(), file("obra.txt").c_str()), 1);
+        EXPECT_EQ(test::readBytes(file("obra.txt")),
+                  test::withPlatformNewlines(
+                      formatText("   E1     7  10.0000%9.4lf%10.3lf   1.300   1.500\n",
+                                 test::cStrtod(vertical), distance)))
+            << vertical;
+    }
+}
+
+int levelBook(const char* entrada, const char* salida) {
+    return MyDll_anivel2ing(entrada, salida, "a", "b", "c", "d", "e");
+}
+
+// NULL paths, paths longer than 255 characters and folders as outputs give 0
+// and write nothing; the same input then converts.
+TEST_F(FieldDataTest, UnusablePathsConvertNothing) {
+    using Convert = int(QUELCNV_CALL*)(const char*, const char*);
+    const std::pair<Convert, const char*> entries[] = {
+        {levelBook, "fielddata/level_book/readings.txt"},
+        {MyDll_puntos2nevo, "fielddata/points/list.txt"},
+        {MyDll_puntos2nivel, "fielddata/points/list.txt"},
+        {MyDll_topoLea2Medrix, "fielddata/medrix/survey.lea"},
+        {MyDll_lectnevo2medrix, "fielddata/medrix/list.nevo"},
+        {MyDll_procesaCabecera, "fielddata/robotic/readings.txt"},
+    };
+    const std::string out = file("salida.txt"), tooLong(256, 'x');
+    for (auto [convert, input] : entries) {
+        const std::string in = data(input);
+        EXPECT_EQ(convert(nullptr, out.c_str()), 0) << input;
+        EXPECT_EQ(convert(in.c_str(), nullptr), 0) << input;
+        EXPECT_EQ(convert(in.c_str(), tooLong.c_str()), 0) << input;
+        EXPECT_EQ(convert(in.c_str(), dir_.string().c_str()), 0) << input;
+        EXPECT_FALSE(fs::exists(out)) << input;
+        EXPECT_EQ(convert(in.c_str(), out.c_str()), 1) << input;
+        fs::remove(out);
+    }
+    // Every header text of the level book must be there.
+    const std::string in = data("fielddata/level_book/readings.txt");
+    for (int missing = 0; missing < 5; ++missing) {
+        const char* t[5] = {"a", "b", "c", "d", "e"};
+        t[missing] = nullptr;
+        EXPECT_EQ(MyDll_anivel2ing(in.c_str(), out.c_str(), t[0], t[1], t[2], t[3], t[4]), 0);
+    }
+    EXPECT_FALSE(fs::exists(out));
+}
+
+// A LEA survey without observations writes no code file either; a code file
+// that cannot be written is left out, and the conversion is done.
+TEST_F(FieldDataTest, LeaCodeFile) {
+    const std::string out = file("obra.txt");
+    EXPECT_EQ(
+        MyDll_topoLea2Medrix(data("fielddata/medrix/no_observations.lea").c_str(), out.c_str()), 0);
+    EXPECT_FALSE(fs::exists(file("obra.cod")));
+    fs::create_directory(file("obra.cod"));
+    EXPECT_EQ(MyDll_topoLea2Medrix(data("fielddata/medrix/survey.lea").c_str(), out.c_str()), 1);
+    EXPECT_TRUE(fs::is_directory(file("obra.cod")));
+    EXPECT_EQ(test::readBytes(out),
+              test::withPlatformNewlines(test::readBytes(data("fielddata/medrix/survey.txt"))));
+}
+
+}  // namespace
+}  // namespace quelcnv
