@@ -17,7 +17,7 @@ public:
     FuzzFiles(const std::uint8_t* data, std::size_t size)
         : input_(path("input")), output_(path("output")) {
         if (std::FILE* file = std::fopen(input_.c_str(), "wb")) {
-            std::fwrite(data, 1, size, file);
+            if (size > 0) std::fwrite(data, 1, size, file);
             std::fclose(file);
         }
     }

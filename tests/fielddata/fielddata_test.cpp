@@ -83,7 +83,7 @@ TEST_F(FieldDataTest, SlopeDistanceAtZeroAndTwoHundredGrads) {
     }
 }
 
-int levelBook(const char* entrada, const char* salida) {
+int QUELCNV_CALL levelBook(const char* entrada, const char* salida) {
     return MyDll_anivel2ing(entrada, salida, "a", "b", "c", "d", "e");
 }
 
