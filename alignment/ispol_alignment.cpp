@@ -81,20 +81,19 @@ AlignmentRecord recordOf(const IspolElement& element, double station) {
 }
 
 // The start station, then the elements, each starting where the last ended.
-// The elements are read until the end of the file, and the read that meets
-// it ends them before its text is used: an element line without a line break
-// at the end of the file is lost. A comment line after the first element, or
-// an incomplete line, ends them too.
+// The elements are read until the end of the file; an element line without a
+// line break at the end of the file is used like any other. A comment line
+// after the first element, or an incomplete line, ends them too.
 std::vector<AlignmentRecord> readElements(LineReader& reader) {
     std::vector<AlignmentRecord> records;
     std::string line;
     if (!readDataLine(reader, line)) return records;
     double station = parseNumber(line);
-    if (!readDataLine(reader, line) || reader.atEnd()) return records;
+    if (!readDataLine(reader, line)) return records;
     while (std::optional<IspolElement> element = parseElement(line)) {
         records.push_back(recordOf(*element, station));
         station += element->length;
-        if (!readLineBeforeEnd(reader, line) || isCommentLine(line)) break;
+        if (!readLineThroughEnd(reader, line) || isCommentLine(line)) break;
     }
     return records;
 }

@@ -13,8 +13,8 @@ namespace quelcnv {
 
 namespace {
 
-// Lines shorter than this, line feed included, are no table lines: they end
-// the table (headers, footers, blank lines).
+// Lines with fewer characters than this before their line feed are no table
+// lines: they end the table (headers, footers, blank lines).
 constexpr std::size_t minimumTableWidth = 100;
 constexpr int wordWidth = 5;
 constexpr int numberWidth = 12;
@@ -38,8 +38,9 @@ double numberAt(std::string_view line, int column) {
     return parseNumber(*midText(line, column, numberWidth));
 }
 
-AlignmentRecord recordOf(std::string line) {
+AlignmentRecord recordOf(std::string_view text) {
     // Padded so that trailing columns the line does not reach read as blanks.
+    std::string line(text);
     if (line.size() < LineReader::maxLineLength) line.resize(LineReader::maxLineLength, ' ');
     AlignmentRecord record;
     record.station = numberAt(line, stationColumn);
@@ -58,13 +59,14 @@ std::vector<AlignmentRecord> readTables(LineReader& reader) {
     bool inTable = false;
     std::string line;
     while (readLineThroughEnd(reader, line)) {
-        if (line.size() < minimumTableWidth) {
+        std::string_view text = withoutLineBreak(line);
+        if (text.size() < minimumTableWidth) {
             inTable = false;
             continue;
         }
-        if (isElementWordAt(line, wordColumn) || isElementWordAt(line, shiftedWordColumn))
+        if (isElementWordAt(text, wordColumn) || isElementWordAt(text, shiftedWordColumn))
             inTable = true;
-        if (inTable) records.push_back(recordOf(line));
+        if (inTable) records.push_back(recordOf(text));
     }
     return records;
 }

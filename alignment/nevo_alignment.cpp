@@ -29,16 +29,19 @@ std::string settingsPath(const std::string& hostFolder) {
 #endif
 }
 
-// The whole number behind the first "=" of the settings file's first line.
+// The first token behind the first "=" of the settings file's first line,
+// read as a whole number. The key before the "=" is not looked at and may be
+// missing ("=100"); a line without "=" gives no value.
 std::optional<int> elementFormLimit(const std::string& hostFolder) {
     LineReader reader;
     std::string line;
     if (!reader.open(settingsPath(hostFolder)) || reader.read(line) == ReadStatus::nothing)
         return std::nullopt;
-    Tokenizer tokens(line);
-    auto key = tokens.next("=");
+    std::size_t equals = line.find('=');
+    if (equals == std::string::npos) return std::nullopt;
+    Tokenizer tokens(std::string_view(line).substr(equals + 1));
     auto value = tokens.next(blanksAndTabs);
-    if (!key || !value) return std::nullopt;
+    if (!value) return std::nullopt;
     return parseWhole(*value);
 }
 

@@ -116,4 +116,9 @@ int countLines(const std::string& path) {
     return reads + 1;
 }
 
+std::string_view withoutLineBreak(std::string_view line) {
+    if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
+    return line;
+}
+
 }  // namespace quelcnv

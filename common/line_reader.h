@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quelcnv {
@@ -76,5 +77,8 @@ bool readLineThroughEnd(LineReader& reader, std::string& text);
 // LF-ended lines gives 5, an empty file 1. Callers size their record arrays
 // by it, the extra one being deliberate headroom. 0 when the file cannot be opened.
 int countLines(const std::string& path);
+
+// The text of a line read without the line feed that ended it, if one did.
+std::string_view withoutLineBreak(std::string_view line);
 
 }  // namespace quelcnv

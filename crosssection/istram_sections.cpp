@@ -69,19 +69,22 @@ void readPairs(std::string_view line, std::vector<SectionPoint>& points) {
 }
 
 // The points of one section, read until there are left + right of them or
-// the file ends. Nothing when the counts cannot make a section: the points
-// would not fit the table of twice their sum (negative counts, both zero),
-// or there would be more of them than the file has bytes.
+// the file ends; a section of no points reads no line. Nothing when the
+// points do not fit the table of twice their sum (negative counts, or more
+// pairs on the section's lines than that), or when there would be more of
+// them than the file has bytes.
 std::optional<std::vector<SectionPoint>> readPoints(LineReader& in, const SectionHeader& header,
                                                     std::uint64_t fileSize) {
     std::int64_t wanted = std::int64_t{header.left} + header.right;
-    if (header.left < 0 || header.right < 0 || wanted == 0 ||
-        static_cast<std::uint64_t>(wanted) > fileSize)
+    if (header.left < 0 || header.right < 0 || static_cast<std::uint64_t>(wanted) > fileSize)
         return std::nullopt;
+    auto tableSize = static_cast<std::size_t>(2 * wanted);
     std::vector<SectionPoint> points;
     std::string line;
-    while (static_cast<std::int64_t>(points.size()) < wanted && readLineBeforeEnd(in, line))
+    while (static_cast<std::int64_t>(points.size()) < wanted && readLineBeforeEnd(in, line)) {
         readPairs(line, points);
+        if (points.size() > tableSize) return std::nullopt;
+    }
     return points;
 }
 

@@ -11,8 +11,9 @@
 namespace quelcnv {
 
 // Fails with inputUnreadable when entrada cannot be opened, and with rejected
-// when a section's counts are negative, both zero, or more than the file
-// could hold.
+// when a section's counts are negative or more than the file could hold, or
+// its lines carry more pairs than twice its counts. A section whose counts
+// are both zero adds nothing.
 Outcome importIstramSections(const std::string& entrada, const std::string& ruxoPath);
 
 }  // namespace quelcnv
