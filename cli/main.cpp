@@ -255,6 +255,9 @@ int runOperation(const Operation& op, std::vector<std::string> args) {
 }
 
 int run(std::vector<std::string> words) {
+    // A command has no window: the library's messages go with its own, to
+    // standard error.
+    setEnvironment("QUELCNV_MESSAGES", "stderr");
     std::size_t i = 0;
     for (; i < words.size() && words[i].starts_with("--"); ++i) {
         if (words[i] == "--help") {

@@ -12,6 +12,7 @@ std::string_view describe(Failure failure) {
         case Failure::tooLarge: return "el fichero de entrada pide un tamano imposible";
         case Failure::scratchUnavailable:
             return "no se puede usar la carpeta de ficheros temporales";
+        case Failure::readerUnavailable: return "no se puede crear el lector XML";
     }
     return "error desconocido";
 }

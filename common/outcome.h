@@ -14,6 +14,7 @@ enum class Failure {
     rejected,            // the input breaks a rule of its format
     tooLarge,            // a count in the input would need an absurd allocation
     scratchUnavailable,  // the scratch directory is refused or cannot be locked
+    readerUnavailable,   // the XML reader could not be created
 };
 
 struct Outcome {

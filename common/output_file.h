@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "common/outcome.h"
 #include "common/text_format.h"
 
 namespace quelcnv {
@@ -51,5 +52,15 @@ private:
     bool regularFile_ = false;
     bool failed_ = false;
 };
+
+// Creates the file at path, lets fill write its text, and finishes it:
+// outputUnwritable when it cannot be created or written.
+template <typename Fill>
+Outcome writeWholeFile(const std::string& path, Fill&& fill) {
+    OutputFile out;
+    if (!out.open(path)) return Outcome::failed(Failure::outputUnwritable);
+    fill(out);
+    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+}
 
 }  // namespace quelcnv

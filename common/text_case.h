@@ -1,6 +1,7 @@
 // Comparing record names and codes without regard to letter case.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace quelcnv {
@@ -9,5 +10,9 @@ namespace quelcnv {
 // a-z, as the C runtime compares them in the "C" locale; other bytes, those
 // of the code page's accented letters too, must match exactly.
 bool equalsIgnoringCase(std::string_view a, std::string_view b);
+
+// The text with the ASCII letters A-Z as a-z, the key under which texts
+// equal without regard to case are the same.
+std::string lowerCase(std::string_view text);
 
 }  // namespace quelcnv

@@ -8,7 +8,9 @@
 //           equal tests/data/path, or, for "@-", still hold "sin tocar"
 //   +path   a file the conversion writes beside its output, under the file
 //           name of path; it must equal tests/data/path
-//   other   passed as it stands
+//   $path   the selection list the conversion writes in the scratch folder;
+//           it must equal tests/data/path
+//   other   passed as it stands ("double quotes" around a word with blanks)
 // Lines starting with "#" and empty lines are comments. With
 // QUELCNV_WRITE_EXPECTED set to a family ("profile"), that family's outputs
 // are written to its expected files instead: for adding cases, whose
@@ -17,6 +19,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <iomanip>
 #include <sstream>
 
 #include "cli/operations.h"
@@ -46,15 +49,16 @@ protected:
         ASSERT_NE(op, nullptr) << name;
         std::vector<std::string> arguments;
         std::vector<Expectation> expectations;
-        for (std::string word; words >> word;) {
-            if (word[0] != '+') {
+        for (std::string word; words >> std::quoted(word);) {
+            if (word[0] != '+' && word[0] != '$') {
                 arguments.push_back(argument(word, crlf, expectations));
                 continue;
             }
             // A file left by the run before must not pass for this one's.
-            fs::path beside = dir_ / fs::path(word).filename();
-            fs::remove(beside);
-            expectations.push_back({beside, test::testData(word.substr(1))});
+            fs::path written = word[0] == '$' ? fs::path(scratchFile("$$$$.EJE"))
+                                              : dir_ / fs::path(word).filename();
+            fs::remove(written);
+            expectations.push_back({written, test::testData(word.substr(1))});
         }
         ASSERT_EQ(arguments.size(), op->argumentNames().size());
         EXPECT_EQ(op->invoke(arguments), result);
@@ -109,7 +113,7 @@ private:
 };
 
 TEST_F(ConversionCasesTest, EveryListedCase) {
-    for (const char* family : {"alignment", "crosssection", "profile", "fielddata"}) {
+    for (const char* family : {"alignment", "crosssection", "profile", "fielddata", "landxml"}) {
         fs::path list = test::testData(family) / "cases.txt";
         std::ifstream in(list);
         int number = 0;

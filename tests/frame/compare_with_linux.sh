@@ -16,7 +16,9 @@ mkdir -p "$work/windows" "$work/linux" "$work/scratch"
 
 QUELCNV_SCRATCH="$work/scratch" "$linux/quelcnv_host" run "$linux/libquelcnv.so" "$list" \
     "$work/linux" >"$work/linux.txt"
-"$emulator" "$windows/quelcnv_host.exe" run quelcnv.dll "$list" "$work/windows" \
+mkdir -p "$work/windows-scratch"
+QUELCNV_SCRATCH="$work/windows-scratch" QUELCNV_MESSAGES=stderr \
+    "$emulator" "$windows/quelcnv_host.exe" run quelcnv.dll "$list" "$work/windows" \
     | tr -d '\r' >"$work/windows.txt"
 
 status=0

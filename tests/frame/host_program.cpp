@@ -7,12 +7,16 @@
 //       all 60 names resolve (and, on Windows, the type library is right)
 //   quelcnv_host run LIBRARY LIST FOLDER
 //       runs the conversions of LIST (lines "operation argument...", a word
-//       "@name" standing for FOLDER/name) and prints each result
+//       "@name" standing for FOLDER/name, "double quotes" around a word with
+//       blanks) and prints each result, and after a selection the list it
+//       wrote in $QUELCNV_SCRATCH
 //   quelcnv_host typelib DLL
 //       (Windows) checks the type library of a DLL it need not load, such as
 //       the 32-bit DLL read from a 64-bit program
 #include <cstdio>
+#include <cstdlib>
 #include <fstream>
+#include <iomanip>
 #include <iostream>
 #include <sstream>
 #include <string>
@@ -222,11 +226,28 @@ int check(Library library) {
     return failures == 0 ? 0 : 1;
 }
 
+// The words of a line: separated by blanks, a word in double quotes being
+// taken whole.
+std::vector<std::string> wordsOf(const std::string& line) {
+    std::vector<std::string> words;
+    std::istringstream in(line);
+    for (std::string word; in >> std::quoted(word);) words.push_back(word);
+    return words;
+}
+
+// The selection list the last selection wrote, line by line.
+void printSelectionList() {
+    const char* scratch = std::getenv("QUELCNV_SCRATCH");
+    if (scratch == nullptr) return;
+    std::ifstream list(std::string(scratch) + "/$$$$.EJE");
+    for (std::string name; std::getline(list, name);) std::cout << "  " << name << "\n";
+}
+
 // Runs one line of the list; pending entry points are skipped.
 void runLine(Library library, const std::string& line, const std::string& folder) {
-    std::istringstream words(line);
-    std::string name;
-    words >> name;
+    std::vector<std::string> words = wordsOf(line);
+    if (words.empty()) return;
+    std::string name = words.front();
     const Operation* op = quelcnv::cli::findOperation(name);
     if (op == nullptr) {
         fail("unknown operation " + name);
@@ -234,8 +255,8 @@ void runLine(Library library, const std::string& line, const std::string& folder
     }
     if (op->availability == quelcnv::cli::Availability::pending) return;
     std::vector<std::string> arguments;
-    for (std::string word; words >> word;)
-        arguments.push_back(word[0] == '@' ? folder + "/" + word.substr(1) : word);
+    for (std::size_t i = 1; i < words.size(); ++i)
+        arguments.push_back(words[i][0] == '@' ? folder + "/" + words[i].substr(1) : words[i]);
     if (arguments.size() != op->argumentNames().size()) {
         fail("wrong argument count for " + name);
         return;
@@ -246,6 +267,7 @@ void runLine(Library library, const std::string& line, const std::string& folder
     std::cout << name << " -> " << result;
     if (name == "ReverseString") std::cout << " " << arguments[0];
     std::cout << "\n";
+    if (name.starts_with("selecciona")) printSelectionList();
 }
 
 int run(Library library, const std::string& list, const std::string& folder) {

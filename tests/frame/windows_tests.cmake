@@ -16,6 +16,8 @@ endif()
 
 add_test(NAME unit_tests COMMAND quelcnv_tests)
 add_test(NAME host_program COMMAND quelcnv_host check quelcnv.dll)
+# No one is there to close a message box: messages go to standard error.
+set_tests_properties(unit_tests host_program PROPERTIES ENVIRONMENT "QUELCNV_MESSAGES=stderr")
 
 # The type library of the 32-bit DLL, which this 64-bit program reads
 # without loading the DLL.

@@ -1,0 +1,79 @@
+#include "common/code_page.h"
+
+#include <array>
+
+namespace quelcnv {
+
+namespace {
+
+// The characters of the bytes 0x80 to 0x9F; the rest of the code page is
+// Latin-1.
+constexpr std::array<char32_t, 32> upperControlRange = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+constexpr unsigned char firstUpperControl = 0x80;
+constexpr unsigned char firstLatin1Letter = 0xA0;
+
+// The byte of a character, or nothing ("?") when the code page lacks it.
+char byteOf(char32_t character) {
+    if (character < firstUpperControl) return static_cast<char>(character);
+    if (character >= firstLatin1Letter && character <= 0xFF) return static_cast<char>(character);
+    for (std::size_t i = 0; i < upperControlRange.size(); ++i)
+        if (upperControlRange[i] == character) return static_cast<char>(firstUpperControl + i);
+    return '?';
+}
+
+// The length of the UTF-8 sequence that starts with this byte, above ASCII;
+// 0 for a byte that cannot start one.
+std::size_t sequenceLength(unsigned char lead) {
+    if (lead < 0xC0) return 0;
+    if (lead < 0xE0) return 2;
+    if (lead < 0xF0) return 3;
+    return lead < 0xF8 ? 4 : 0;
+}
+
+// The character of the sequence of that length at the start of the text.
+char32_t decode(std::string_view sequence, std::size_t length) {
+    constexpr std::array<unsigned char, 5> leadBits = {0, 0, 0x1F, 0x0F, 0x07};
+    char32_t character = static_cast<unsigned char>(sequence[0]) & leadBits[length];
+    for (std::size_t k = 1; k < length; ++k)
+        character = (character << 6) | (static_cast<unsigned char>(sequence[k]) & 0x3F);
+    return character;
+}
+
+}  // namespace
+
+char32_t windows1252ToUnicode(unsigned char byte) {
+    if (byte >= firstUpperControl && byte < firstLatin1Letter)
+        return upperControlRange[byte - firstUpperControl];
+    return byte;
+}
+
+std::string utf8ToWindows1252(std::string_view utf8) {
+    std::string text;
+    text.reserve(utf8.size());
+    for (std::size_t i = 0; i < utf8.size();) {
+        auto lead = static_cast<unsigned char>(utf8[i]);
+        if (lead < firstUpperControl) {
+            text += utf8[i++];
+            continue;
+        }
+        std::size_t length = sequenceLength(lead);
+        if (length == 0 || i + length > utf8.size()) {  // not UTF-8: one "?" a byte
+            text += '?';
+            ++i;
+            continue;
+        }
+        char32_t character = decode(utf8.substr(i), length);
+        if (character > 0xFFFF)
+            text += "??";
+        else
+            text += byteOf(character);
+        i += length;
+    }
+    return text;
+}
+
+}  // namespace quelcnv

@@ -1,0 +1,30 @@
+// Vertical profiles (ProfAlign) out of a LandXML document: the list of the
+// document's profiles for the host to choose from, and the chosen one's
+// vertices with their vertical curves.
+#pragma once
+
+#include <string>
+
+#include "common/outcome.h"
+
+namespace quelcnv {
+
+enum class ProfileColumns {
+    curveLengths,  // "%10.3lf %8.3lf %9.3lf": station, elevation, curve length
+    fiveColumns,   // station, elevation, kv, tangent, external, for Windows CE collectors
+};
+
+// Writes to salida, once the whole document has been read, the vertices of
+// the profile whose combined name (its alignment's first attribute, ": ",
+// its own first attribute) equals nombreRas without regard to case. A name
+// that matches nothing gives an empty file; a document that cannot be read
+// to its end writes nothing. Fails with readerUnavailable or
+// outputUnwritable.
+Outcome readLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
+                           const std::string& salida, ProfileColumns columns);
+
+// Writes to listPath "alignment: profile" for the first 256 profiles of the
+// document, from their attributes named "name". Fails with outputUnwritable.
+Outcome listLandXmlProfiles(const std::string& entrada, const std::string& listPath);
+
+}  // namespace quelcnv

@@ -1,0 +1,3 @@
+# The tests of the LandXML readers.
+target_sources(quelcnv_tests PRIVATE landxml/sax_events_test.cpp)
+target_sources(quelcnv_tests PRIVATE landxml/landxml_readers_test.cpp)
