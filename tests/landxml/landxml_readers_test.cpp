@@ -96,8 +96,9 @@ std::string repeated(std::string_view text, int times) {
 }
 
 // Documents built to cost time or memory, or to leak a file's content, get
-// a defined result: no crash, every entry point answers, nothing of the file
-// named by an external entity reaches an output. Whether a document with a
+// a defined result: no crash or hang (a zero-length arc turning half a circle,
+// numbers out of range), every entry point answers, nothing of the file named
+// by an external entity reaches an output. Whether a document with a
 // DTD is read at all depends on the platform's parser.
 TEST_F(LandXmlReadersTest, HostileDocumentsGetADefinedResult) {
     const std::string secret = "CONTENIDO-SECRETO-1234";
@@ -119,9 +120,18 @@ TEST_F(LandXmlReadersTest, HostileDocumentsGetADefinedResult) {
                                "<PVI>" +
                                repeated("&m;", 10000) +
                                "</PVI></ProfAlign></Profile></Alignment></LandXML>"},
-        {"long_text.xml", "<LandXML><Alignment name=\"e\"><Profile><ProfAlign name=\"r\"><PVI>" +
-                              repeated("1 2 ", 5 << 18) +
-                              "</PVI></ProfAlign></Profile></Alignment></LandXML>"},
+        {"long_text.xml",
+         "<LandXML><Alignment name=\"e\"><CoordGeom><Line><Start>" + std::string(5 << 20, '1') +
+             "</Start></Line></CoordGeom><Profile><ProfAlign name=\"r\"><PVI>" +
+             std::string(5 << 20, '2') + "</PVI></ProfAlign></Profile></Alignment></LandXML>"},
+        {"geometry.xml",
+         "<LandXML><Alignment name=\"a\"><CoordGeom><Curve radius=\"0.00001\" length=\"0\">"
+         "<Start>0 0</Start><Center>0 0.00001</Center><End>0 0</End></Curve><Line><Start>0 0"
+         "</Start><End>-1 0</End></Line></CoordGeom></Alignment><Alignment name=\"b\" "
+         "staStart=\"1e308\"><CoordGeom><Curve rot=\"ccw\" radius=\"1e308\"><Start>1e308 "
+         "1e308</Start><Center>-1e308 5</Center><End>3 1e999</End></Curve><Spiral "
+         "radiusStart=\"1e-320\" radiusEnd=\"1e308\" length=\"1e308\"><Start>1 1</Start>"
+         "</Spiral></CoordGeom></Alignment></LandXML>"},
         {"not_xml.xml", std::string("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16)},
     };
     for (const auto& [name, bytes] : documents) {
