@@ -88,6 +88,16 @@ TEST_F(LandXmlReadersTest, ClothoidsFromAFiniteRadiusShowTheirMessages) {
     EXPECT_TRUE(fs::exists(file("eje.ruxo")));
 }
 
+// A selection list that cannot be written gives 0 where the entry point has
+// a result.
+TEST_F(LandXmlReadersTest, SelectionListThatCannotBeWritten) {
+    std::string document = test::testData("landxml/alignments.xml").string();
+    fs::create_directories(scratchFile("$$$$.EJE"));
+    EXPECT_EQ(call("seleccionaEjeLandXML", {document}), 0);
+    EXPECT_EQ(call("seleccionaRasanteLandXML", {document}), 0);
+    EXPECT_TRUE(fs::is_directory(scratchFile("$$$$.EJE")));
+}
+
 std::string repeated(std::string_view text, int times) {
     std::string out;
     out.reserve(text.size() * static_cast<std::size_t>(times));
@@ -104,9 +114,11 @@ TEST_F(LandXmlReadersTest, HostileDocumentsGetADefinedResult) {
     const std::string secret = "CONTENIDO-SECRETO-1234";
     test::writeBytes(file("secreto.txt"), secret);
     std::string laughs = "<!DOCTYPE LandXML [<!ENTITY l0 \"jaja\">";
-    for (int i = 1; i <= 10; ++i)
-        laughs += "<!ENTITY l" + std::to_string(i) + " \"" +
-                  repeated("&l" + std::to_string(i - 1) + ";", 10) + "\">";
+    for (int i = 1; i <= 10; ++i) {
+        std::string previous = "&l" + std::to_string(i - 1) + ";";
+        laughs.append("<!ENTITY l").append(std::to_string(i)).append(" \"");
+        laughs.append(repeated(previous, 10)).append("\">");
+    }
     const std::string alignment = "<Alignment name=\"&l10;\"><CoordGeom/></Alignment>";
     const std::pair<const char*, std::string> documents[] = {
         {"laughs.xml", laughs + "]><LandXML>" + alignment + "</LandXML>"},
