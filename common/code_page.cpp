@@ -1,6 +1,11 @@
 #include "common/code_page.h"
 
 #include <array>
+#include <optional>
+
+#ifdef _WIN32
+#include <windows.h>
+#endif
 
 namespace quelcnv {
 
@@ -74,6 +79,78 @@ std::string utf8ToWindows1252(std::string_view utf8) {
         i += length;
     }
     return text;
+}
+
+namespace {
+
+#ifndef _WIN32
+std::u32string windows1252Characters(std::string_view text) {
+    std::u32string characters;
+    characters.reserve(text.size());
+    for (char c : text) characters += windows1252ToUnicode(static_cast<unsigned char>(c));
+    return characters;
+}
+
+// The characters of strict UTF-8 (no overlong forms, no surrogates, nothing
+// past U+10FFFF), or nothing when the bytes are not that.
+std::optional<std::u32string> utf8Characters(std::string_view text) {
+    constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    std::u32string characters;
+    for (std::size_t i = 0; i < text.size();) {
+        auto lead = static_cast<unsigned char>(text[i]);
+        std::size_t length = lead < firstUpperControl ? 1 : sequenceLength(lead);
+        if (length == 0 || i + length > text.size()) return std::nullopt;
+        for (std::size_t k = 1; k < length; ++k)
+            if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return std::nullopt;
+        char32_t character = length == 1 ? lead : decode(text.substr(i), length);
+        if (character < smallest[length] || character > 0x10FFFF ||
+            (character >= 0xD800 && character <= 0xDFFF))
+            return std::nullopt;
+        characters += character;
+        i += length;
+    }
+    return characters;
+}
+#endif
+
+#ifdef _WIN32
+// The ANSI code page's characters, surrogate pairs joined.
+std::u32string ansiCharacters(std::string_view text) {
+    if (text.empty()) return {};
+    int size = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0');
+    int length = MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size);
+    wide.resize(static_cast<std::size_t>(length > 0 ? length : 0));
+    std::u32string characters;
+    for (std::size_t i = 0; i < wide.size(); ++i) {
+        char32_t unit = wide[i];
+        if (unit >= 0xD800 && unit < 0xDC00 && i + 1 < wide.size() && wide[i + 1] >= 0xDC00 &&
+            wide[i + 1] < 0xE000) {
+            unit = 0x10000 + ((unit - 0xD800) << 10) + (wide[++i] - 0xDC00);
+        }
+        characters += unit;
+    }
+    return characters;
+}
+#endif
+
+}  // namespace
+
+std::u32string codePageCharacters(std::string_view text) {
+#ifdef _WIN32
+    return ansiCharacters(text);
+#else
+    return windows1252Characters(text);
+#endif
+}
+
+std::u32string fileNameCharacters(std::string_view name) {
+#ifdef _WIN32
+    return ansiCharacters(name);
+#else
+    if (std::optional<std::u32string> characters = utf8Characters(name)) return *characters;
+    return windows1252Characters(name);
+#endif
 }
 
 }  // namespace quelcnv

@@ -1,5 +1,6 @@
-// The library's 8-bit code page away from Windows: windows-1252, into which
-// the XML readers bring the UTF-8 text that the parser hands over.
+// The library's 8-bit code page: the process's ANSI code page on Windows,
+// windows-1252 elsewhere. The XML readers bring the parser's text into it;
+// the XML writer takes its characters out of it.
 #pragma once
 
 #include <cstdint>
@@ -17,5 +18,13 @@ char32_t windows1252ToUnicode(unsigned char byte);
 // "?"; one beyond U+FFFF becomes "??", as Windows converts its two UTF-16
 // halves one by one.
 std::string utf8ToWindows1252(std::string_view utf8);
+
+// The characters of a text in the library's 8-bit code page.
+std::u32string codePageCharacters(std::string_view text);
+
+// The characters of a file name as the file system holds it: the ANSI code
+// page on Windows; elsewhere UTF-8 where the bytes are valid UTF-8, else
+// windows-1252.
+std::u32string fileNameCharacters(std::string_view name);
 
 }  // namespace quelcnv

@@ -15,4 +15,8 @@ namespace quelcnv {
 // "C:\obs\job.txt" with "cod" gives "C:\obs\job.cod"; "/obs/job" gives "/obs/job.cod".
 std::string replaceExtension(std::string_view path, std::string_view extension);
 
+// The file name without drive, folder and extension, by the same rules:
+// "D:\obras\eje1.xml" gives "eje1" on Windows, "/obras/eje1.xml" everywhere.
+std::string baseName(std::string_view path);
+
 }  // namespace quelcnv

@@ -15,29 +15,62 @@ namespace quelcnv {
 namespace {
 
 void writeNevoPoint(OutputFile& out, std::string_view line) {
-    Tokenizer tokens(line);
-    auto values = nextNumbers<3>(tokens, blanksTabsAndNewlines);
-    if (!values) return;
-    auto [station, offset, elevation] = *values;
-    auto code = tokens.next(blanksTabsAndNewlines);
-    if (code) {
-        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", station, offset, elevation, *code);
-    } else {
-        out.print("%0.3lf,%0.3lf,%0.3lf\n", station, offset, elevation);
-    }
+    std::optional<SectionPoint> p = ruxoSectionPoint(line);
+    if (!p) return;
+    if (!p->code.empty())
+        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", p->station, p->offset, p->elevation, p->code);
+    else
+        out.print("%0.3lf,%0.3lf,%0.3lf\n", p->station, p->offset, p->elevation);
 }
 
 void writeFixedWidthPoint(OutputFile& out, std::string_view line) {
-    Tokenizer tokens(line);
-    auto values = nextNumbers<3>(tokens, ",");
-    if (!values) return;
-    auto [station, offset, elevation] = *values;
-    std::string code(tokens.rest());
-    if (!code.empty()) code.pop_back();  // the line break, or the code's own last character
-    out.print("%8.3lf %8.3lf %8.3lf %s\n", station, offset, elevation, code);
+    std::optional<SectionPoint> p = commaSectionPoint(line);
+    if (!p) return;
+    out.print("%8.3lf %8.3lf %8.3lf %s\n", p->station, p->offset, p->elevation, p->code);
+}
+
+// The points of every line a read rule lets through.
+SectionPoints readPoints(const std::string& path, bool (*readLine)(LineReader&, std::string&),
+                         std::optional<SectionPoint> (*pointOf)(std::string_view)) {
+    SectionPoints read;
+    LineReader reader;
+    if (!reader.open(path)) return {Outcome::failed(Failure::inputUnreadable), {}};
+    std::string line;
+    while (readLine(reader, line)) {
+        if (std::optional<SectionPoint> p = pointOf(line)) read.points.push_back(std::move(*p));
+    }
+    if (reader.readFailed()) read.outcome = Outcome::failed(Failure::inputUnreadable);
+    return read;
 }
 
 }  // namespace
+
+std::optional<SectionPoint> ruxoSectionPoint(std::string_view line) {
+    Tokenizer tokens(line);
+    auto values = nextNumbers<3>(tokens, blanksTabsAndNewlines);
+    if (!values) return std::nullopt;
+    auto [station, offset, elevation] = *values;
+    auto code = tokens.next(blanksTabsAndNewlines);
+    return SectionPoint{station, offset, elevation, std::string(code.value_or(""))};
+}
+
+std::optional<SectionPoint> commaSectionPoint(std::string_view line) {
+    Tokenizer tokens(line);
+    auto values = nextNumbers<3>(tokens, ",");
+    if (!values) return std::nullopt;
+    auto [station, offset, elevation] = *values;
+    std::string code(tokens.rest());
+    if (!code.empty()) code.pop_back();  // the line break, or the code's own last character
+    return SectionPoint{station, offset, elevation, code};
+}
+
+SectionPoints readRuxoSections(const std::string& path) {
+    return readPoints(path, readLineBeforeEnd, ruxoSectionPoint);
+}
+
+SectionPoints readCommaSections(const std::string& path) {
+    return readPoints(path, readLineThroughEnd, commaSectionPoint);
+}
 
 Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
     ConversionFiles files;

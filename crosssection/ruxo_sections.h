@@ -3,9 +3,13 @@
 // One point per line; a section is the run of lines sharing one station.
 #pragma once
 
+#include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "common/outcome.h"
+#include "crosssection/section_point.h"
 
 namespace quelcnv {
 
@@ -19,5 +23,27 @@ Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida
 // code being everything after the third comma but its last character (the
 // line break; on a last line without one, the code's own last character).
 Outcome commaSectionsToFixedWidth(const std::string& entrada, const std::string& salida);
+
+// The point of a RUXO line: station, offset and elevation, then the code
+// word if there is one, separated by blanks, tabs or line breaks. Nothing for
+// a line with fewer than three fields.
+std::optional<SectionPoint> ruxoSectionPoint(std::string_view line);
+
+// The point of a comma-separated line, its code being everything after the
+// third comma but its last character. Nothing for fewer than three fields.
+std::optional<SectionPoint> commaSectionPoint(std::string_view line);
+
+struct SectionPoints {
+    Outcome outcome;
+    std::vector<SectionPoint> points;
+};
+
+// Every point of a RUXO cross-section file, read by the rules of
+// ruxoSectionsToNevo; fails with inputUnreadable.
+SectionPoints readRuxoSections(const std::string& path);
+
+// Every point of a comma-separated file, read by the rules of
+// commaSectionsToFixedWidth; fails with inputUnreadable.
+SectionPoints readCommaSections(const std::string& path);
 
 }  // namespace quelcnv

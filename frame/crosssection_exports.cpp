@@ -74,4 +74,8 @@ QUELCNV_API int QUELCNV_CALL MyDll_traCartomap2ruxo(const char* entrada, const c
     return convertFile(importCartomapSections, entrada, salida);
 }
 
+// The conversion of CLIP cross-section reports is not provided in this
+// version: nothing is read or written.
+QUELCNV_API int QUELCNV_CALL MyDll_clipST2ruxo(const char*, const char*, const char*) { return 0; }
+
 }  // extern "C"

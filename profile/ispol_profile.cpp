@@ -61,16 +61,21 @@ void completeVertices(Profile& vertices) {
 
 }  // namespace
 
-Outcome ispolProfileToNevo(const std::string& entrada, const std::string& salida) {
+ProfileRead readIspolProfile(const std::string& path) {
     // The vertex table holds twice the line count, as the listing's readers size it.
-    const std::size_t capacity = 2 * static_cast<std::size_t>(countLines(entrada));
+    const std::size_t capacity = 2 * static_cast<std::size_t>(countLines(path));
     LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
+    if (!reader.open(path)) return {Outcome::failed(Failure::inputUnreadable), {}};
     Profile vertices = readVertexBlock(reader, capacity);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
+    if (reader.readFailed()) return {Outcome::failed(Failure::inputUnreadable), {}};
     completeVertices(vertices);
-    return writeNevoProfile(vertices, salida);
+    return {Outcome::done(), std::move(vertices)};
+}
+
+Outcome ispolProfileToNevo(const std::string& entrada, const std::string& salida) {
+    ProfileRead read = readIspolProfile(entrada);
+    if (!read.outcome.ok()) return read.outcome;
+    return writeNevoProfile(read.vertices, salida);
 }
 
 }  // namespace quelcnv

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/outcome.h"
+#include "profile/profile_vertex.h"
 
 namespace quelcnv {
 
@@ -14,5 +15,9 @@ namespace quelcnv {
 // be opened or read, with noData (creating nothing) when it holds no vertex
 // line, and with outputUnwritable when salida cannot be written.
 Outcome ispolProfileToNevo(const std::string& entrada, const std::string& salida);
+
+// The vertices of the listing, each inner one with its curve; fails with
+// inputUnreadable only (a listing with no vertex line gives none).
+ProfileRead readIspolProfile(const std::string& path);
 
 }  // namespace quelcnv

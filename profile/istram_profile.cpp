@@ -25,12 +25,17 @@ void setTangents(Profile& vertices) {
 
 }  // namespace
 
+ProfileRead readIstramProfile(const std::string& path) {
+    ProfileRead read;
+    read.outcome = readVertexLines(path, 8, listingVertex, read.vertices);
+    if (read.outcome.ok()) setTangents(read.vertices);
+    return read;
+}
+
 Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida) {
-    Profile vertices;
-    Outcome read = readVertexLines(entrada, 8, listingVertex, vertices);
-    if (!read.ok()) return read;
-    setTangents(vertices);
-    return writeNevoProfile(vertices, salida);
+    ProfileRead read = readIstramProfile(entrada);
+    if (!read.outcome.ok()) return read.outcome;
+    return writeNevoProfile(read.vertices, salida);
 }
 
 }  // namespace quelcnv

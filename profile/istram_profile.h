@@ -5,6 +5,7 @@
 #include <string>
 
 #include "common/outcome.h"
+#include "profile/profile_vertex.h"
 
 namespace quelcnv {
 
@@ -14,5 +15,9 @@ namespace quelcnv {
 // more vertices than lines, and with outputUnwritable when salida cannot be
 // written.
 Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida);
+
+// The vertices of the listing, each inner one with its curve; fails as above
+// but for the writing.
+ProfileRead readIstramProfile(const std::string& path);
 
 }  // namespace quelcnv

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/outcome.h"
+
 namespace quelcnv {
 
 // One vertex of the grade line. Lengths in metres; grades as ratios, so
@@ -21,6 +23,12 @@ struct ProfileVertex {
 };
 
 using Profile = std::vector<ProfileVertex>;
+
+// The vertices a profile file holds, or why they could not be read.
+struct ProfileRead {
+    Outcome outcome;
+    Profile vertices;
+};
 
 // The grade that a vertical straight stands for: two vertices at the same
 // station with different elevations.

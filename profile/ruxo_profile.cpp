@@ -43,8 +43,8 @@ void writeInner(OutputFile& out, const Profile& vertices, std::size_t i) {
 
 }  // namespace
 
-RuxoProfile readRuxoProfile(const std::string& path) {
-    RuxoProfile profile;
+ProfileRead readProfileRead(const std::string& path) {
+    ProfileRead profile;
     LineReader reader;
     if (!reader.open(path)) {
         profile.outcome = Outcome::failed(Failure::inputUnreadable);
@@ -64,7 +64,7 @@ RuxoProfile readRuxoProfile(const std::string& path) {
 }
 
 Outcome ruxoProfileToVertexFile(const std::string& entrada, const std::string& salida) {
-    RuxoProfile profile = readRuxoProfile(entrada);
+    ProfileRead profile = readProfileRead(entrada);
     if (!profile.outcome.ok()) return profile.outcome;
     const Profile& vertices = profile.vertices;
     if (vertices.empty()) return Outcome::failed(Failure::noData);

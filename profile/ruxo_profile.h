@@ -13,11 +13,7 @@ namespace quelcnv {
 // The vertices of a RUXO profile file, with tangent = half the curve length.
 // A last line without a line break is used. Lines without three
 // comma-separated parts are skipped.
-struct RuxoProfile {
-    Outcome outcome;
-    Profile vertices;
-};
-RuxoProfile readRuxoProfile(const std::string& path);
+ProfileRead readRuxoProfile(const std::string& path);
 
 // Reads the RUXO profile file entrada and writes salida, one line per vertex
 // with station, elevation, kv, tangent and external separated by tabs; the

@@ -40,20 +40,21 @@ ProfileVertex vertexOfColumns(std::span<const std::string_view> fields) {
     return vertex;
 }
 
-Outcome fiveColumnsToNevo(const std::string& entrada, const std::string& salida) {
-    Profile vertices;
-    Outcome read = readVertexLines(entrada, 5, vertexOfColumns, vertices);
-    if (!read.ok()) return read;
-    return writeNevoProfile(vertices, salida);
-}
-
 }  // namespace
 
+ProfileRead readVelmProfile(const std::string& path) {
+    std::optional<Layout> layout = layoutOf(path);
+    if (!layout) return {Outcome::failed(Failure::inputUnreadable), {}};
+    if (*layout == Layout::ispolListing) return readIspolProfile(path);
+    ProfileRead read;
+    read.outcome = readVertexLines(path, 5, vertexOfColumns, read.vertices);
+    return read;
+}
+
 Outcome velmProfileToNevo(const std::string& entrada, const std::string& salida) {
-    std::optional<Layout> layout = layoutOf(entrada);
-    if (!layout) return Outcome::failed(Failure::inputUnreadable);
-    if (*layout == Layout::ispolListing) return ispolProfileToNevo(entrada, salida);
-    return fiveColumnsToNevo(entrada, salida);
+    ProfileRead read = readVelmProfile(entrada);
+    if (!read.outcome.ok()) return read.outcome;
+    return writeNevoProfile(read.vertices, salida);
 }
 
 Outcome writeVelmProfile(const Profile& vertices, const std::string& salida) {

@@ -19,6 +19,10 @@ namespace quelcnv {
 // cannot be written.
 Outcome velmProfileToNevo(const std::string& entrada, const std::string& salida);
 
+// The vertices of a VELM profile file or, when its first character is "#",
+// of an ISPOL vertex listing; fails as above but for the writing.
+ProfileRead readVelmProfile(const std::string& path);
+
 // Writes the vertices as a VELM profile file, fixed widths, every line ended
 // by a line break: "%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n" of station,
 // elevation, kv, tangent and external. Fails with outputUnwritable.

@@ -107,10 +107,13 @@ TEST_F(CommandTest, MissingInputExitsWithThreeAndUnavailableWithOne) {
     EXPECT_NE(missing.err.find("no se puede abrir el fichero de entrada: " + file("missing.txt")),
               std::string::npos);
     test::writeBytes(file("input.txt"), "1\n");
-    for (const char* operation : {"velm2arcview", "traclip2landxml"}) {
-        CommandRun unavailable = run({operation, file("input.txt"), file("out.txt")});
-        EXPECT_EQ(unavailable.status, 1) << operation;
-        EXPECT_NE(unavailable.err.find("no esta disponible"), std::string::npos);
+    const std::vector<std::string> unavailableRuns[] = {
+        {"velm2arcview", file("input.txt"), file("out.txt")},
+        {"clipST2ruxo", file("input.txt"), file("out1.txt"), file("out2.txt")}};
+    for (const std::vector<std::string>& words : unavailableRuns) {
+        CommandRun unavailable = run(words);
+        EXPECT_EQ(unavailable.status, 1) << words[0];
+        EXPECT_NE(unavailable.err.find("no esta disponible"), std::string::npos) << words[0];
     }
 }
 

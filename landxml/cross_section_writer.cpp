@@ -1,0 +1,77 @@
+#include "landxml/cross_section_writer.h"
+
+#include <unordered_map>
+
+#include "common/file_path.h"
+#include "common/text_format.h"
+
+namespace quelcnv {
+
+namespace {
+
+// The points of one station, "offset elevation" pairs.
+struct Section {
+    std::string station;  // as written, three decimals
+    std::string pairs;
+};
+
+// Stations that print the same are one section, so that no two CrossSect
+// elements carry the same station.
+std::vector<Section> sectionsOf(const std::vector<SectionPoint>& points) {
+    std::vector<Section> sections;
+    std::unordered_map<std::string, std::size_t> byStation;
+    for (const SectionPoint& p : points) {
+        std::string station = formatFixed(p.station, 3);
+        auto [at, added] = byStation.try_emplace(station, sections.size());
+        if (added) sections.push_back({station, {}});
+        std::string& pairs = sections[at->second].pairs;
+        if (!pairs.empty()) pairs += ' ';
+        pairs += formatText("%0.3lf %0.3lf", p.offset, p.elevation);
+    }
+    return sections;
+}
+
+void writeSections(XmlWriter& writer, const std::vector<SectionPoint>& points,
+                   const std::string& alignment, const std::string& surface) {
+    std::vector<Section> sections = sectionsOf(points);
+    writer.clearAttributes();
+    writer.writeStartElement("Alignments");
+    writer.addTextAttribute("name", alignment, TextSource::fileName);
+    writer.addNumberAttribute("staStart", points.front().station, 3);
+    writer.addNumberAttribute("length", points.back().station - points.front().station, 3);
+    writer.writeStartElement("Alignment");
+    writer.clearAttributes();
+    writer.writeStartElement("CrossSects");
+    for (const Section& section : sections) {
+        writer.clearAttributes();
+        writer.addTextAttribute("sta", section.station);
+        writer.writeStartElement("CrossSect");
+        writer.clearAttributes();
+        writer.addTextAttribute("name", surface, TextSource::fileName);
+        writer.writeStartElement("CrossSectSurf");
+        writer.clearAttributes();
+        writer.writeStartElement("PntList2D");
+        writer.writeText(section.pairs);
+        writer.writeEndElement("PntList2D");
+        writer.writeEndElement("CrossSectSurf");
+        writer.writeEndElement("CrossSect");
+    }
+    writer.writeEndElement("CrossSects");
+    writer.writeEndElement("Alignment");
+    writer.writeEndElement("Alignments");
+}
+
+}  // namespace
+
+Outcome writeLandXmlSections(const std::vector<SectionPoint>& points,
+                             const std::string& surfaceName, const std::string& salida,
+                             const Clock& clock) {
+    if (points.empty()) return Outcome::failed(Failure::noData);
+    std::string alignment = baseName(salida);
+    std::string surface = baseName(surfaceName);
+    return writeLandXmlDocument(
+        salida, [&](XmlWriter& writer) { writeSections(writer, points, alignment, surface); },
+        clock);
+}
+
+}  // namespace quelcnv

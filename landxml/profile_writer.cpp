@@ -1,0 +1,50 @@
+#include "landxml/profile_writer.h"
+
+#include "common/file_path.h"
+#include "common/text_format.h"
+
+namespace quelcnv {
+
+namespace {
+
+void writeVertex(XmlWriter& writer, const ProfileVertex& vertex, bool withCurve) {
+    const char* element = withCurve ? "ParaCurve" : "PVI";
+    writer.clearAttributes();
+    if (withCurve) writer.addNumberAttribute("length", 2.0 * vertex.tangent, 3);
+    writer.writeStartElement(element);
+    writer.writeText(formatText("%0.3lf %0.3lf", vertex.station, vertex.elevation));
+    writer.writeEndElement(element);
+}
+
+void writeProfile(XmlWriter& writer, const Profile& vertices, const std::string& name) {
+    writer.clearAttributes();
+    writer.writeStartElement("Alignments");
+    writer.addTextAttribute("name", name, TextSource::fileName);
+    writer.addNumberAttribute("staStart", vertices.front().station, 3);
+    writer.addNumberAttribute("length", vertices.back().station - vertices.front().station, 3);
+    writer.writeStartElement("Alignment");
+    writer.clearAttributes();
+    writer.writeStartElement("Profile");
+    writer.addTextAttribute("name", name, TextSource::fileName);
+    writer.writeStartElement("ProfAlign");
+    for (std::size_t i = 0; i < vertices.size(); ++i) {
+        bool inner = i > 0 && i + 1 < vertices.size();
+        writeVertex(writer, vertices[i], inner && vertices[i].tangent != 0.0);
+    }
+    writer.writeEndElement("ProfAlign");
+    writer.writeEndElement("Profile");
+    writer.writeEndElement("Alignment");
+    writer.writeEndElement("Alignments");
+}
+
+}  // namespace
+
+Outcome writeLandXmlProfile(const Profile& vertices, const std::string& salida,
+                            const Clock& clock) {
+    if (vertices.empty()) return Outcome::failed(Failure::noData);
+    std::string name = baseName(salida);
+    return writeLandXmlDocument(
+        salida, [&](XmlWriter& writer) { writeProfile(writer, vertices, name); }, clock);
+}
+
+}  // namespace quelcnv
