@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <regex>
 
+#include "common/file_path.h"
 #include "landxml/alignment_writer.h"
 #include "landxml/landxml_document.h"
 #include "landxml/xml_writer.h"
@@ -143,6 +144,23 @@ TEST_F(LandXmlWriterTest, AlignmentDocuments) {
     EXPECT_EQ(writeLandXmlAlignment(file("missing.ruxo"), file("none.xml")).failure,
               Failure::inputUnreadable);
     EXPECT_FALSE(fs::exists(file("none.xml")));
+}
+
+// The alignment's name is the output file's base name, by the platform's
+// path rules.
+TEST(AlignmentName, BaseNameOfTheOutputPath) {
+    // clang-format off
+    const std::pair<const char*, const char*> paths[] = {
+        {"eje1.xml", "eje1"}, {"obras/eje1.xml", "eje1"}, {"obras/eje.v1.xml", "eje.v1"},
+        {"obras.v2/eje", "eje"},
+#ifdef _WIN32
+        {"D:\\obras\\eje1.xml", "eje1"}, {"D:eje1.xml", "eje1"},
+#else
+        {"/obras/eje1.xml", "eje1"}, {"/obras\\eje1.xml", "obras\\eje1"},
+#endif
+    };
+    // clang-format on
+    for (auto [path, name] : paths) EXPECT_EQ(baseName(path), name) << path;
 }
 
 // The numbers of the first element of that name's point child.
