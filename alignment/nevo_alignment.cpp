@@ -319,7 +319,7 @@ Outcome writeElementForm(const std::string& entrada, const std::string& salida) 
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     writeElements(out, file.records);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 IntersectionForm writeIntersectionForm(const std::string& entrada, const std::string& salida) {
@@ -328,12 +328,11 @@ IntersectionForm writeIntersectionForm(const std::string& entrada, const std::st
     OutputFile out;
     if (!out.open(salida)) return {Outcome::failed(Failure::outputUnwritable)};
     bool asymmetric = writeIntersectionPoints(out, file.records);
-    if (!out.finish()) return {Outcome::failed(Failure::outputUnwritable)};
-    return {Outcome::done(), asymmetric};
+    return {out.complete(), asymmetric};
 }
 
-Outcome writeNevoAlignment(const std::string& entrada, const std::string& salida,
-                           const std::string& hostFolder) {
+Outcome convertRuxoAlignmentToNevo(const std::string& entrada, const std::string& salida,
+                                   const std::string& hostFolder) {
     if (chooseNevoForm(entrada, hostFolder) == NevoForm::elements)
         return writeElementForm(entrada, salida);
     return writeIntersectionForm(entrada, salida).outcome;

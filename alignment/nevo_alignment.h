@@ -38,7 +38,7 @@ struct IntersectionForm {
 IntersectionForm writeIntersectionForm(const std::string& entrada, const std::string& salida);
 
 // The form the settings choose, written.
-Outcome writeNevoAlignment(const std::string& entrada, const std::string& salida,
-                           const std::string& hostFolder);
+Outcome convertRuxoAlignmentToNevo(const std::string& entrada, const std::string& salida,
+                                   const std::string& hostFolder);
 
 }  // namespace quelcnv

@@ -64,8 +64,7 @@ Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const st
         out.print("%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n", r.station, r.x, r.y, r.azimuth,
                   r.parameter, r.radius);
     }
-    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -13,7 +13,7 @@ Outcome ConversionFiles::finish() {
         out.discard();
         return Outcome::failed(Failure::inputUnreadable);
     }
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

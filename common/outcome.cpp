@@ -13,6 +13,8 @@ std::string_view describe(Failure failure) {
         case Failure::scratchUnavailable:
             return "no se puede usar la carpeta de ficheros temporales";
         case Failure::readerUnavailable: return "no se puede crear el lector XML";
+        case Failure::invalidArgument: return "un argumento esta fuera de su rango";
+        case Failure::notProvided: return "la conversion no esta disponible en esta version";
     }
     return "error desconocido";
 }

@@ -1,5 +1,6 @@
-// What a converter reports: done, or why it failed and at which input line.
-// Only the entry points in frame/ turn an outcome into the host's integer.
+// What a converter reports: done, or why it failed and at which input line,
+// and what it wrote. Only the entry points in frame/ turn an outcome into the
+// host's integer; the command turns it into its messages.
 #pragma once
 
 #include <string_view>
@@ -15,15 +16,38 @@ enum class Failure {
     tooLarge,            // a count in the input would need an absurd allocation
     scratchUnavailable,  // the scratch directory is refused or cannot be locked
     readerUnavailable,   // the XML reader could not be created
+    invalidArgument,     // an argument that is no file is out of its range (a negative index)
+    notProvided,         // the conversion is declared but not provided in this version
+};
+
+// What a conversion wrote, as far as it counts it: every output the lines it
+// holds, and the conversions that know them their sections, points, key
+// points, vertices or listed names.
+struct Written {
+    long lines = 0;
+    long sections = 0;
+    long points = 0;
+    long records = 0;  // key points of an alignment
+    long vertices = 0;
+    long names = 0;  // names in a selection list
 };
 
 struct Outcome {
     Failure failure = Failure::none;
     long line = 0;  // 1-based input line where the failure was found; 0 when none applies
+    // In a conversion chained through a scratch file: the failure is the
+    // importer's (the first step), not the writer's.
+    bool inImport = false;
+    Written written;
 
     bool ok() const { return failure == Failure::none; }
     static Outcome done() { return {}; }
-    static Outcome failed(Failure why, long atLine = 0) { return {why, atLine}; }
+    static Outcome failed(Failure why, long atLine = 0) {
+        Outcome outcome;
+        outcome.failure = why;
+        outcome.line = atLine;
+        return outcome;
+    }
 };
 
 // Spanish text of a failure, as the command shows it.

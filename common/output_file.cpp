@@ -44,6 +44,7 @@ bool OutputFile::open(const std::string& path) {
     newline_ = std::string(platformNewline());
     regularFile_ = isRegularFile(file_);
     failed_ = false;
+    lines_ = 0;
     return true;
 }
 
@@ -55,6 +56,7 @@ void OutputFile::write(std::string_view text) {
         std::size_t end = lineFeed == std::string_view::npos ? text.size() : lineFeed;
         if (std::fwrite(text.data() + start, 1, end - start, file_) != end - start) failed_ = true;
         if (lineFeed == std::string_view::npos) break;
+        ++lines_;
         if (std::fwrite(newline_.data(), 1, newline_.size(), file_) != newline_.size()) {
             failed_ = true;
         }
@@ -74,6 +76,14 @@ bool OutputFile::finish() {
     file_ = nullptr;
     if (!closed && regularFile_) std::remove(path_.c_str());
     return closed;
+}
+
+Outcome OutputFile::complete() {
+    long written = lines_;
+    if (!finish()) return Outcome::failed(Failure::outputUnwritable);
+    Outcome done = Outcome::done();
+    done.written.lines = written;
+    return done;
 }
 
 void OutputFile::discard() {

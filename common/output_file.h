@@ -40,6 +40,11 @@ public:
 
     // Flushes and closes. False (and the file removed) when a write failed.
     bool finish();
+    // The same as an outcome: done, with the lines written, or
+    // outputUnwritable.
+    Outcome complete();
+    // Line feeds written so far.
+    long lines() const { return lines_; }
     // Closes and removes the file: the conversion failed after creating it.
     void discard();
 
@@ -51,6 +56,7 @@ private:
     std::string newline_;
     bool regularFile_ = false;
     bool failed_ = false;
+    long lines_ = 0;
 };
 
 // Creates the file at path, lets fill write its text, and finishes it:
@@ -60,7 +66,7 @@ Outcome writeWholeFile(const std::string& path, Fill&& fill) {
     OutputFile out;
     if (!out.open(path)) return Outcome::failed(Failure::outputUnwritable);
     fill(out);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -109,7 +109,7 @@ Outcome importCartomapSections(const std::string& entrada, const std::string& sa
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const SectionPoint& p : points)
         out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

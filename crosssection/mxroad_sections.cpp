@@ -93,7 +93,7 @@ Outcome importMxroadSections(const std::string& entrada, const std::string& ruxo
     if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
     for (const SectionPoint& p : *points)
         out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -72,7 +72,7 @@ SectionPoints readCommaSections(const std::string& path) {
     return readPoints(path, readLineThroughEnd, commaSectionPoint);
 }
 
-Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
+Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
     ConversionFiles files;
     Outcome opened = files.open(entrada, salida);
     if (!opened.ok()) return opened;
@@ -83,7 +83,7 @@ Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida
     return files.finish();
 }
 
-Outcome commaSectionsToFixedWidth(const std::string& entrada, const std::string& salida) {
+Outcome convertCommaSectionsToFixedWidth(const std::string& entrada, const std::string& salida) {
     ConversionFiles files;
     Outcome opened = files.open(entrada, salida);
     if (!opened.ok()) return opened;

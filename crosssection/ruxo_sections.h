@@ -17,12 +17,12 @@ namespace quelcnv {
 // word. A line with fewer than three fields gives nothing, and a last line
 // without a line break is never converted, on purpose. Line by line: memory
 // does not grow with the input.
-Outcome ruxoSectionsToNevo(const std::string& entrada, const std::string& salida);
+Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida);
 
 // Comma-separated points to fixed-width lines "%8.3lf %8.3lf %8.3lf %s", the
 // code being everything after the third comma but its last character (the
 // line break; on a last line without one, the code's own last character).
-Outcome commaSectionsToFixedWidth(const std::string& entrada, const std::string& salida);
+Outcome convertCommaSectionsToFixedWidth(const std::string& entrada, const std::string& salida);
 
 // The point of a RUXO line: station, offset and elevation, then the code
 // word if there is one, separated by blanks, tabs or line breaks. Nothing for
@@ -39,11 +39,11 @@ struct SectionPoints {
 };
 
 // Every point of a RUXO cross-section file, read by the rules of
-// ruxoSectionsToNevo; fails with inputUnreadable.
+// convertRuxoSectionsToNevo; fails with inputUnreadable.
 SectionPoints readRuxoSections(const std::string& path);
 
 // Every point of a comma-separated file, read by the rules of
-// commaSectionsToFixedWidth; fails with inputUnreadable.
+// convertCommaSectionsToFixedWidth; fails with inputUnreadable.
 SectionPoints readCommaSections(const std::string& path);
 
 }  // namespace quelcnv

@@ -266,8 +266,8 @@ void writeSetUps(OutputFile& out, const std::vector<LevelRecord>& records) {
 
 }  // namespace
 
-Outcome writeIgnLevelBook(const std::string& entrada, const std::string& salida,
-                          const LevelBookHeader& header) {
+Outcome convertLevelBook(const std::string& entrada, const std::string& salida,
+                         const LevelBookHeader& header) {
     LevelReadings readings;
     Outcome read = readRecords(entrada, readings);
     if (!read.ok()) return read;
@@ -277,7 +277,7 @@ Outcome writeIgnLevelBook(const std::string& entrada, const std::string& salida,
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     writeHeader(out, header, readings);
     writeSetUps(out, readings.records);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -21,7 +21,7 @@ struct LevelBookHeader {
 // with inputUnreadable when entrada cannot be opened or read, with noData
 // (and no book) when fewer than three of its lines are records, and with
 // outputUnwritable when the book cannot be written.
-Outcome writeIgnLevelBook(const std::string& entrada, const std::string& salida,
-                          const LevelBookHeader& header);
+Outcome convertLevelBook(const std::string& entrada, const std::string& salida,
+                         const LevelBookHeader& header);
 
 }  // namespace quelcnv

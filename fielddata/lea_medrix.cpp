@@ -108,7 +108,7 @@ Outcome writeObservations(const std::string& salida, const std::vector<Observati
         out.print("%5s%6s%9.4lf%9.4lf%10.3lf%8.3lf%8.3lf\n", o.station, o.point, o.horizontal,
                   o.vertical, o.distance, o.targetHeight, o.instrumentHeight);
     }
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 // The code file: point name and code (blanks when it has none).
@@ -121,7 +121,7 @@ void writeCodes(const std::string& path, const std::vector<Observation>& observa
 
 }  // namespace
 
-Outcome writeLeaMedrix(const std::string& entrada, const std::string& salida) {
+Outcome convertLeaToMedrix(const std::string& entrada, const std::string& salida) {
     std::vector<Observation> observations;
     Outcome read = readObservations(entrada, observations);
     if (!read.ok()) return read;

@@ -14,6 +14,6 @@ namespace quelcnv {
 // holds no observation from a station, and with outputUnwritable when salida
 // cannot be written. A code file that cannot be written is left out and the
 // conversion is still done.
-Outcome writeLeaMedrix(const std::string& entrada, const std::string& salida);
+Outcome convertLeaToMedrix(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -61,7 +61,7 @@ void writePoints(OutputFile& out, const std::vector<LevelPoint>& points) {
 
 // Reads all points first, then writes them; the read that meets the end of
 // the file is not used, so a last point without a line break is lost.
-Outcome writeLevelUpload(const std::string& entrada, const std::string& salida) {
+Outcome convertPointsToLevelUpload(const std::string& entrada, const std::string& salida) {
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     std::vector<LevelPoint> points;
@@ -73,7 +73,7 @@ Outcome writeLevelUpload(const std::string& entrada, const std::string& salida) 
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     writePoints(out, points);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -12,6 +12,6 @@ namespace quelcnv {
 // to salida. Fails with inputUnreadable (writing nothing) when entrada
 // cannot be opened or read, with outputUnwritable when salida cannot be
 // written.
-Outcome writeLevelUpload(const std::string& entrada, const std::string& salida);
+Outcome convertPointsToLevelUpload(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -40,7 +40,7 @@ void writeObservation(OutputFile& out, std::string_view line) {
 
 // Streams line by line; the read that meets the end of the file is not
 // used, so a last line without a line break is not converted.
-Outcome writeNevoMedrix(const std::string& entrada, const std::string& salida) {
+Outcome convertNevoToMedrix(const std::string& entrada, const std::string& salida) {
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     OutputFile out;
@@ -51,7 +51,7 @@ Outcome writeNevoMedrix(const std::string& entrada, const std::string& salida) {
         out.discard();
         return Outcome::failed(Failure::inputUnreadable);
     }
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -12,6 +12,6 @@ namespace quelcnv {
 // Medrix line per complete line to salida. Fails with inputUnreadable
 // (writing nothing) when entrada cannot be opened or read, with
 // outputUnwritable when salida cannot be written.
-Outcome writeNevoMedrix(const std::string& entrada, const std::string& salida);
+Outcome convertNevoToMedrix(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -36,7 +36,7 @@ void writePoint(OutputFile& out, std::string_view line) {
 
 // Streams line by line; the read that meets the end of the file is not
 // used, so a last point without a line break is not converted.
-Outcome writeNevoPoints(const std::string& entrada, const std::string& salida) {
+Outcome convertPointsToNevo(const std::string& entrada, const std::string& salida) {
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     OutputFile out;
@@ -47,7 +47,7 @@ Outcome writeNevoPoints(const std::string& entrada, const std::string& salida) {
         out.discard();
         return Outcome::failed(Failure::inputUnreadable);
     }
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -11,6 +11,6 @@ namespace quelcnv {
 // Writes one line "number,X,Y,Z[,code]" per point line of entrada to
 // salida. Fails with inputUnreadable (writing nothing) when entrada cannot
 // be opened or read, with outputUnwritable when salida cannot be written.
-Outcome writeNevoPoints(const std::string& entrada, const std::string& salida);
+Outcome convertPointsToNevo(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -56,7 +56,7 @@ void shiftLeadingBlanks(std::string& text) {
 
 // The read that meets the end of the file is not used, so a last record
 // without a line break is passed over.
-Outcome writeRoboticHeader(const std::string& lecturas, const std::string& salida) {
+Outcome convertRoboticHeader(const std::string& lecturas, const std::string& salida) {
     LineReader reader;
     if (!reader.open(lecturas)) return Outcome::failed(Failure::inputUnreadable);
     RoboticHeader header;
@@ -68,7 +68,7 @@ Outcome writeRoboticHeader(const std::string& lecturas, const std::string& salid
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     out.print("%s\n%s\n%s\n", header.job, header.date, header.time);
-    return out.finish() ? Outcome::done() : Outcome::failed(Failure::outputUnwritable);
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -17,6 +17,6 @@ void shiftLeadingBlanks(std::string& text);
 // date and the time to salida, one a line. Fails with inputUnreadable
 // (writing nothing) when lecturas cannot be opened or read, with
 // outputUnwritable when salida cannot be written.
-Outcome writeRoboticHeader(const std::string& lecturas, const std::string& salida);
+Outcome convertRoboticHeader(const std::string& lecturas, const std::string& salida);
 
 }  // namespace quelcnv

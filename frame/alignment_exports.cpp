@@ -30,7 +30,7 @@ Outcome chainToNevo(Importer import, const char* entrada, const char* salida, co
     if (!scratch.ready()) return Outcome::failed(Failure::scratchUnavailable);
     std::string temp = scratch.path(ScratchFile::chainTemp);
     Outcome imported = import(entrada, temp);
-    if (imported.ok()) writeNevoAlignment(temp, salida, pathAp);
+    if (imported.ok()) convertRuxoAlignmentToNevo(temp, salida, pathAp);
     if (scratchFile == Scratch::removed) std::remove(temp.c_str());
     return imported;
 }
@@ -56,7 +56,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_aruxo2nevo(const char* entrada, const char* s
                                               const char* pathAp) {
     return guarded(1, [&] {
         if (!areUsablePaths(entrada, salida, pathAp)) return 0;
-        writeNevoAlignment(entrada, salida, pathAp);
+        convertRuxoAlignmentToNevo(entrada, salida, pathAp);
         return 1;
     });
 }

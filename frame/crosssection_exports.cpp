@@ -29,7 +29,7 @@ int importToNevo(Importer import, const char* entrada, const char* salida) {
         ScratchSession scratch;
         if (!scratch.ready()) return 1;
         std::string temp = scratch.path(ScratchFile::chainTemp);
-        if (import(entrada, temp).ok()) ruxoSectionsToNevo(temp, salida);
+        if (import(entrada, temp).ok()) convertRuxoSectionsToNevo(temp, salida);
         std::remove(temp.c_str());
         return 1;
     });
@@ -43,11 +43,11 @@ extern "C" {
 using namespace quelcnv;
 
 QUELCNV_API int QUELCNV_CALL MyDll_ruxo2nevo(const char* entrada, const char* salida) {
-    return convertFile(ruxoSectionsToNevo, entrada, salida);
+    return convertFile(convertRuxoSectionsToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_traruxo2nevo(const char* entrada, const char* salida) {
-    return convertFile(commaSectionsToFixedWidth, entrada, salida);
+    return convertFile(convertCommaSectionsToFixedWidth, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_istram2nevo(const char* entrada, const char* salida) {

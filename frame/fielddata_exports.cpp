@@ -46,28 +46,28 @@ QUELCNV_API int QUELCNV_CALL MyDll_anivel2ing(const char* entrada, const char* s
             !areTexts({empresa, operador, mira1, mira2, nserie}))
             return 0;
         return levelBookResult(
-            writeIgnLevelBook(entrada, salida, {empresa, operador, mira1, mira2, nserie}));
+            convertLevelBook(entrada, salida, {empresa, operador, mira1, mira2, nserie}));
     });
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_puntos2nevo(const char* entrada, const char* salida) {
-    return convertFile(writeNevoPoints, entrada, salida);
+    return convertFile(convertPointsToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_puntos2nivel(const char* entrada, const char* salida) {
-    return convertFile(writeLevelUpload, entrada, salida);
+    return convertFile(convertPointsToLevelUpload, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_topoLea2Medrix(const char* entrada, const char* salida) {
-    return convertFile(writeLeaMedrix, entrada, salida);
+    return convertFile(convertLeaToMedrix, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_lectnevo2medrix(const char* entrada, const char* salida) {
-    return convertFile(writeNevoMedrix, entrada, salida);
+    return convertFile(convertNevoToMedrix, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_procesaCabecera(const char* lecturas, const char* salida) {
-    return convertFile(writeRoboticHeader, lecturas, salida);
+    return convertFile(convertRoboticHeader, lecturas, salida);
 }
 
 // Processing robotic readings into a report is not provided in this version:

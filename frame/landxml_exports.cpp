@@ -43,8 +43,8 @@ int alignmentToNevo(int selec, const char* entrada, const char* salida, const ch
     ScratchSession scratch;
     if (!scratch.ready()) return 0;
     std::string temp = freshScratchFile(scratch, ScratchFile::localTemp);
-    Outcome read = readLandXmlAlignment(entrada, selec, temp);
-    if (read.ok()) writeNevoAlignment(temp, salida, pathAp);
+    Outcome read = importLandXmlAlignment(entrada, selec, temp);
+    if (read.ok()) convertRuxoAlignmentToNevo(temp, salida, pathAp);
     std::remove(temp.c_str());
     return read.ok() ? 1 : 0;
 }
@@ -55,8 +55,8 @@ void sectionsToNevo(const char* transver, const char* capa, const char* entrada,
     ScratchSession scratch;
     if (!scratch.ready()) return;
     std::string temp = freshScratchFile(scratch, ScratchFile::chainTemp);
-    readLandXmlSections(transver, capa, entrada, temp);
-    ruxoSectionsToNevo(temp, salida);
+    importLandXmlSections(transver, capa, entrada, temp);
+    convertRuxoSectionsToNevo(temp, salida);
     std::remove(temp.c_str());
 }
 
@@ -83,7 +83,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_alandxml2nevoWCE(int selec, const char* entra
                                                     const char* salida, const char* pathAp) {
     return guarded(0, [&] {
         if (selec < 0 || !areUsablePaths(entrada, salida, pathAp)) return 0;
-        return readLandXmlAlignment(entrada, selec, salida).ok() ? 1 : 0;
+        return importLandXmlAlignment(entrada, selec, salida).ok() ? 1 : 0;
     });
 }
 
@@ -95,7 +95,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_rlandxml2nevo(const char* nombreRas, const ch
                                                  const char* salida) {
     return guarded(1, [&] {
         if (nombreRas == nullptr || !areUsablePaths(entrada, salida)) return 0;
-        readLandXmlProfile(nombreRas, entrada, salida, ProfileColumns::curveLengths);
+        convertLandXmlProfile(nombreRas, entrada, salida, ProfileColumns::curveLengths);
         return 1;
     });
 }
@@ -104,7 +104,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_rlandxml2nevoWCE(const char* nombreRas, const
                                                     const char* salida) {
     return guarded(1, [&] {
         if (nombreRas == nullptr || !areUsablePaths(entrada, salida)) return 0;
-        readLandXmlProfile(nombreRas, entrada, salida, ProfileColumns::fiveColumns);
+        convertLandXmlProfile(nombreRas, entrada, salida, ProfileColumns::fiveColumns);
         return 1;
     });
 }
@@ -126,7 +126,7 @@ QUELCNV_API int QUELCNV_CALL MyDll_tralandxml2nevoWCE(const char* transver, cons
                                                       const char* entrada, const char* salida) {
     return guarded(1, [&] {
         if (transver == nullptr || capa == nullptr || !areUsablePaths(entrada, salida)) return 0;
-        readLandXmlSections(transver, capa, entrada, salida);
+        importLandXmlSections(transver, capa, entrada, salida);
         return 1;
     });
 }

@@ -40,7 +40,7 @@ int alignmentToLandXml(Importer import, const char* entrada, const char* salida)
         ScratchSession scratch;
         if (!scratch.ready()) return 1;
         std::string temp = scratch.path(ScratchFile::chainTemp);
-        if (import(entrada, temp).ok()) writeLandXmlAlignment(temp, salida);
+        if (import(entrada, temp).ok()) convertRuxoAlignmentToLandXml(temp, salida);
         std::remove(temp.c_str());
         return 1;
     });
@@ -104,7 +104,7 @@ using namespace quelcnv;
 QUELCNV_API int QUELCNV_CALL MyDll_aVELM2LandXML(const char* entrada, const char* salida) {
     return guarded(1, [&] {
         if (!areUsablePaths(entrada, salida)) return 0;
-        writeLandXmlAlignment(entrada, salida);
+        convertRuxoAlignmentToLandXml(entrada, salida);
         return 1;
     });
 }

@@ -18,31 +18,31 @@ extern "C" {
 using namespace quelcnv;
 
 QUELCNV_API int QUELCNV_CALL MyDll_rvelm2nevo(const char* entrada, const char* salida) {
-    return convertFile(velmProfileToNevo, entrada, salida);
+    return convertFile(convertVelmProfileToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_rasruxo2nevo(const char* entrada, const char* salida) {
-    return convertFile(ruxoProfileToVertexFile, entrada, salida);
+    return convertFile(convertRuxoProfileToVertexFile, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_ristram2nevo(const char* entrada, const char* salida) {
-    return convertFile(istramProfileToNevo, entrada, salida);
+    return convertFile(convertIstramProfileToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_rispol2nevo(const char* entrada, const char* salida) {
-    return convertFile(ispolProfileToNevo, entrada, salida);
+    return convertFile(convertIspolProfileToNevo, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_rascartomap2ruxo(const char* entrada, const char* salida) {
-    return convertFile(cartomapProfileToVelm, entrada, salida);
+    return convertFile(convertCartomapProfileToVelm, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_peralteispol2nevo(const char* entrada, const char* salida) {
-    return convertFile(ispolSuperelevationToFile, entrada, salida);
+    return convertFile(convertIspolSuperelevation, entrada, salida);
 }
 
 QUELCNV_API int QUELCNV_CALL MyDll_peralteClip2nevo(const char* entrada, const char* salida) {
-    return convertFile(clipSuperelevationToFile, entrada, salida);
+    return convertFile(convertClipSuperelevation, entrada, salida);
 }
 
 }  // extern "C"

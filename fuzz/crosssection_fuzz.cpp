@@ -16,9 +16,9 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     quelcnv::fuzz::FuzzFiles files(data, size);
     using namespace quelcnv;
-    for (auto convert : {ruxoSectionsToNevo, commaSectionsToFixedWidth, importIstramSections,
-                         importMxroadSections, importHtrazadoSections, importClipTerSections,
-                         importClipTrvSections, importCartomapSections}) {
+    for (auto convert : {convertRuxoSectionsToNevo, convertCommaSectionsToFixedWidth,
+                         importIstramSections, importMxroadSections, importHtrazadoSections,
+                         importClipTerSections, importClipTrvSections, importCartomapSections}) {
         convert(files.input(), files.output());
     }
     return 0;

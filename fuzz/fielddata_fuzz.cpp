@@ -17,9 +17,9 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     quelcnv::fuzz::FuzzFiles files(data, size);
     using namespace quelcnv;
-    writeIgnLevelBook(files.input(), files.output(), {"Empresa", "Operador", "M1", "M2", "123"});
-    for (auto convert :
-         {writeNevoPoints, writeLevelUpload, writeLeaMedrix, writeNevoMedrix, writeRoboticHeader}) {
+    convertLevelBook(files.input(), files.output(), {"Empresa", "Operador", "M1", "M2", "123"});
+    for (auto convert : {convertPointsToNevo, convertPointsToLevelUpload, convertLeaToMedrix,
+                         convertNevoToMedrix, convertRoboticHeader}) {
         convert(files.input(), files.output());
     }
     // The Medrix code file written beside the output.

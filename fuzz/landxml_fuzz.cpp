@@ -32,17 +32,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string& input = files.input();
     const std::string& output = files.output();
     using namespace quelcnv;
-    for (int selec : {0, 1}) readLandXmlAlignment(input, selec, output, ignoreMessage);
+    for (int selec : {0, 1}) importLandXmlAlignment(input, selec, output, ignoreMessage);
     listLandXmlProfiles(input, output);
     for (const std::string& name : linesOf(output)) {
-        readLandXmlProfile(name, input, output, ProfileColumns::fiveColumns);
-        readLandXmlProfile(name, input, output, ProfileColumns::curveLengths);
+        convertLandXmlProfile(name, input, output, ProfileColumns::fiveColumns);
+        convertLandXmlProfile(name, input, output, ProfileColumns::curveLengths);
     }
     listLandXmlSurfaces(input, output);
     for (const std::string& name : linesOf(output)) {
         std::size_t colon = name.find(": ");
         if (colon != std::string::npos)
-            readLandXmlSections(name.substr(0, colon), name.substr(colon + 2), input, output);
+            importLandXmlSections(name.substr(0, colon), name.substr(colon + 2), input, output);
     }
     listLandXmlAlignments(input, output);
     return 0;

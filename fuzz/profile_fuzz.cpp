@@ -17,8 +17,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     quelcnv::fuzz::FuzzFiles files(data, size);
     using namespace quelcnv;
     for (auto convert :
-         {velmProfileToNevo, ruxoProfileToVertexFile, istramProfileToNevo, ispolProfileToNevo,
-          cartomapProfileToVelm, ispolSuperelevationToFile, clipSuperelevationToFile}) {
+         {convertVelmProfileToNevo, convertRuxoProfileToVertexFile, convertIstramProfileToNevo,
+          convertIspolProfileToNevo, convertCartomapProfileToVelm, convertIspolSuperelevation,
+          convertClipSuperelevation}) {
         convert(files.input(), files.output());
     }
     return 0;

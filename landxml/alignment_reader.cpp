@@ -287,8 +287,8 @@ public:
 
 }  // namespace
 
-Outcome readLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
-                             const ErrorMessage& showMessage) {
+Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
+                               const ErrorMessage& showMessage) {
     AlignmentReader reader(selec, ruxoPath, showMessage);
     if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
     return reader.outcome();

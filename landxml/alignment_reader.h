@@ -22,8 +22,8 @@ namespace quelcnv {
 // A document that cannot be read to its end (missing, malformed, cut short)
 // writes nothing and does not fail. A position past the last alignment
 // writes an empty file.
-Outcome readLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
-                             const ErrorMessage& showMessage = showErrorMessage);
+Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
+                               const ErrorMessage& showMessage = showErrorMessage);
 
 // Writes to listPath the value of the first attribute (normally the name) of
 // every Alignment of the document, one a line: line n names the alignment

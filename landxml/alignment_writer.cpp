@@ -149,8 +149,8 @@ ClothoidTangents clothoidTangents(double length, double parameter, double curved
     return tangents;
 }
 
-Outcome writeLandXmlAlignment(const std::string& entrada, const std::string& salida,
-                              const Clock& clock) {
+Outcome convertRuxoAlignmentToLandXml(const std::string& entrada, const std::string& salida,
+                                      const Clock& clock) {
     AlignmentFile read = readAlignmentFile(entrada, CommentLines::skipped);
     if (!read.outcome.ok()) return read.outcome;
     Records& records = read.records;

@@ -13,8 +13,8 @@ namespace quelcnv {
 // Writes the RUXO alignment file entrada as the LandXML document salida.
 // Fails with the reading's failure (salida not created) when entrada cannot
 // be read or holds no record, and with outputUnwritable.
-Outcome writeLandXmlAlignment(const std::string& entrada, const std::string& salida,
-                              const Clock& clock = localNow);
+Outcome convertRuxoAlignmentToLandXml(const std::string& entrada, const std::string& salida,
+                                      const Clock& clock = localNow);
 
 // The tangent lengths of a clothoid of that length and parameter whose
 // curved end has that radius (signed), from the series the documents have

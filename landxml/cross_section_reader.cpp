@@ -123,8 +123,8 @@ private:
 
 }  // namespace
 
-Outcome readLandXmlSections(const std::string& transver, const std::string& capa,
-                            const std::string& entrada, const std::string& ruxoPath) {
+Outcome importLandXmlSections(const std::string& transver, const std::string& capa,
+                              const std::string& entrada, const std::string& ruxoPath) {
     SectionReader reader(transver, capa, ruxoPath);
     if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
     return reader.outcome();

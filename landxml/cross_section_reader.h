@@ -16,8 +16,8 @@ namespace quelcnv {
 // surface whose description is "left" gives its offsets negated. Names that
 // match nothing give an empty file; a document that cannot be read to its
 // end writes nothing. Fails with readerUnavailable or outputUnwritable.
-Outcome readLandXmlSections(const std::string& transver, const std::string& capa,
-                            const std::string& entrada, const std::string& ruxoPath);
+Outcome importLandXmlSections(const std::string& transver, const std::string& capa,
+                              const std::string& entrada, const std::string& ruxoPath);
 
 // Writes to listPath "alignment: surface" for every surface of every
 // alignment's cross sections, each combination once, in document order.

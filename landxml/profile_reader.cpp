@@ -168,8 +168,8 @@ private:
 
 }  // namespace
 
-Outcome readLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
-                           const std::string& salida, ProfileColumns columns) {
+Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
+                              const std::string& salida, ProfileColumns columns) {
     ProfileReader reader(nombreRas, salida, columns);
     if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
     return reader.outcome();

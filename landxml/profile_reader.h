@@ -20,8 +20,8 @@ enum class ProfileColumns {
 // that matches nothing gives an empty file; a document that cannot be read
 // to its end writes nothing. Fails with readerUnavailable or
 // outputUnwritable.
-Outcome readLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
-                           const std::string& salida, ProfileColumns columns);
+Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
+                              const std::string& salida, ProfileColumns columns);
 
 // Writes to listPath "alignment: profile" for the first 256 profiles of the
 // document, from their attributes named "name". Fails with outputUnwritable.

@@ -61,7 +61,7 @@ void setCurves(Profile& vertices) {
 
 }  // namespace
 
-Outcome cartomapProfileToVelm(const std::string& entrada, const std::string& salida) {
+Outcome convertCartomapProfileToVelm(const std::string& entrada, const std::string& salida) {
     Profile vertices;
     Outcome read = readVertices(entrada, vertices);
     if (!read.ok()) return read;

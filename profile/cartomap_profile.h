@@ -12,6 +12,6 @@ namespace quelcnv {
 // inputUnreadable when entrada cannot be opened or read, with noData
 // (creating nothing) when it holds no vertex line, and with outputUnwritable
 // when salida cannot be written.
-Outcome cartomapProfileToVelm(const std::string& entrada, const std::string& salida);
+Outcome convertCartomapProfileToVelm(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -27,7 +27,7 @@ std::optional<SuperelevationRow> parseRow(std::string_view line) {
 
 }  // namespace
 
-Outcome clipSuperelevationToFile(const std::string& entrada, const std::string& salida) {
+Outcome convertClipSuperelevation(const std::string& entrada, const std::string& salida) {
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     std::vector<SuperelevationRow> rows;

@@ -11,6 +11,6 @@ namespace quelcnv {
 // Reads entrada and writes the superelevation file salida; a table without
 // rows gives an empty file. Fails with inputUnreadable when entrada cannot be
 // opened or read, and with outputUnwritable when salida cannot be written.
-Outcome clipSuperelevationToFile(const std::string& entrada, const std::string& salida);
+Outcome convertClipSuperelevation(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -72,7 +72,7 @@ ProfileRead readIspolProfile(const std::string& path) {
     return {Outcome::done(), std::move(vertices)};
 }
 
-Outcome ispolProfileToNevo(const std::string& entrada, const std::string& salida) {
+Outcome convertIspolProfileToNevo(const std::string& entrada, const std::string& salida) {
     ProfileRead read = readIspolProfile(entrada);
     if (!read.outcome.ok()) return read.outcome;
     return writeNevoProfile(read.vertices, salida);

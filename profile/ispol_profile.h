@@ -14,7 +14,7 @@ namespace quelcnv {
 // the NEVO profile file salida. Fails with inputUnreadable when entrada cannot
 // be opened or read, with noData (creating nothing) when it holds no vertex
 // line, and with outputUnwritable when salida cannot be written.
-Outcome ispolProfileToNevo(const std::string& entrada, const std::string& salida);
+Outcome convertIspolProfileToNevo(const std::string& entrada, const std::string& salida);
 
 // The vertices of the listing, each inner one with its curve; fails with
 // inputUnreadable only (a listing with no vertex line gives none).

@@ -52,7 +52,7 @@ std::vector<SuperelevationRow> readRows(LineReader& reader) {
 
 }  // namespace
 
-Outcome ispolSuperelevationToFile(const std::string& entrada, const std::string& salida) {
+Outcome convertIspolSuperelevation(const std::string& entrada, const std::string& salida) {
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     std::vector<SuperelevationRow> rows = readRows(reader);

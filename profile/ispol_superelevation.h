@@ -12,6 +12,6 @@ namespace quelcnv {
 // Reads entrada and writes the superelevation file salida; a listing without
 // rows gives an empty file. Fails with inputUnreadable when entrada cannot be
 // opened or read, and with outputUnwritable when salida cannot be written.
-Outcome ispolSuperelevationToFile(const std::string& entrada, const std::string& salida);
+Outcome convertIspolSuperelevation(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

@@ -32,7 +32,7 @@ ProfileRead readIstramProfile(const std::string& path) {
     return read;
 }
 
-Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida) {
+Outcome convertIstramProfileToNevo(const std::string& entrada, const std::string& salida) {
     ProfileRead read = readIstramProfile(entrada);
     if (!read.outcome.ok()) return read.outcome;
     return writeNevoProfile(read.vertices, salida);

@@ -14,7 +14,7 @@ namespace quelcnv {
 // (creating nothing) when it holds no vertex, with rejected when it holds
 // more vertices than lines, and with outputUnwritable when salida cannot be
 // written.
-Outcome istramProfileToNevo(const std::string& entrada, const std::string& salida);
+Outcome convertIstramProfileToNevo(const std::string& entrada, const std::string& salida);
 
 // The vertices of the listing, each inner one with its curve; fails as above
 // but for the writing.

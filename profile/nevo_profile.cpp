@@ -18,8 +18,7 @@ Outcome writeNevoProfile(const Profile& vertices, const std::string& salida) {
     // collectors load have always ended this way.
     const ProfileVertex& last = vertices.back();
     out.print("%0.3lf, %0.3lf, 0.000", last.station, last.elevation);
-    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -63,7 +63,7 @@ ProfileRead readProfileRead(const std::string& path) {
     return profile;
 }
 
-Outcome ruxoProfileToVertexFile(const std::string& entrada, const std::string& salida) {
+Outcome convertRuxoProfileToVertexFile(const std::string& entrada, const std::string& salida) {
     ProfileRead profile = readProfileRead(entrada);
     if (!profile.outcome.ok()) return profile.outcome;
     const Profile& vertices = profile.vertices;
@@ -73,8 +73,7 @@ Outcome ruxoProfileToVertexFile(const std::string& entrada, const std::string& s
     writeEnd(out, vertices.front());
     for (std::size_t i = 1; i + 1 < vertices.size(); ++i) writeInner(out, vertices, i);
     writeEnd(out, vertices.back());
-    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -21,6 +21,6 @@ ProfileRead readRuxoProfile(const std::string& path);
 // inputUnreadable when entrada cannot be opened or read, with noData
 // (creating nothing) when it holds no vertex, and with outputUnwritable when
 // salida cannot be written.
-Outcome ruxoProfileToVertexFile(const std::string& entrada, const std::string& salida);
+Outcome convertRuxoProfileToVertexFile(const std::string& entrada, const std::string& salida);
 
 }  // namespace quelcnv

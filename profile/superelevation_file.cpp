@@ -10,8 +10,7 @@ Outcome writeSuperelevationFile(const std::vector<SuperelevationRow>& rows,
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const SuperelevationRow& row : rows)
         out.print("%8.3lf %6.3lf %6.3lf\n", row.station, row.firstFall, row.secondFall);
-    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
+    return out.complete();
 }
 
 }  // namespace quelcnv

@@ -51,7 +51,7 @@ ProfileRead readVelmProfile(const std::string& path) {
     return read;
 }
 
-Outcome velmProfileToNevo(const std::string& entrada, const std::string& salida) {
+Outcome convertVelmProfileToNevo(const std::string& entrada, const std::string& salida) {
     ProfileRead read = readVelmProfile(entrada);
     if (!read.outcome.ok()) return read.outcome;
     return writeNevoProfile(read.vertices, salida);
@@ -64,8 +64,7 @@ Outcome writeVelmProfile(const Profile& vertices, const std::string& salida) {
         out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n", vertex.station, vertex.elevation,
                   vertex.kv, vertex.tangent, vertex.external);
     }
-    if (!out.finish()) return Outcome::failed(Failure::outputUnwritable);
-    return Outcome::done();
+    return out.complete();
 }
 
 }  // namespace quelcnv

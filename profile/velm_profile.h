@@ -17,7 +17,7 @@ namespace quelcnv {
 // noData (creating nothing) when it holds no vertex, with rejected when it
 // holds more vertices than lines, and with outputUnwritable when salida
 // cannot be written.
-Outcome velmProfileToNevo(const std::string& entrada, const std::string& salida);
+Outcome convertVelmProfileToNevo(const std::string& entrada, const std::string& salida);
 
 // The vertices of a VELM profile file or, when its first character is "#",
 // of an ISPOL vertex listing; fails as above but for the writing.

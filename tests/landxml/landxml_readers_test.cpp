@@ -77,7 +77,7 @@ TEST_F(LandXmlReadersTest, ClothoidsFromAFiniteRadiusShowTheirMessages) {
     std::vector<std::string> messages;
     auto record = [&](std::string_view text) { messages.emplace_back(text); };
     std::string document = test::testData("landxml/clothoids.xml").string();
-    Outcome read = readLandXmlAlignment(document, 0, file("eje.ruxo"), record);
+    Outcome read = importLandXmlAlignment(document, 0, file("eje.ruxo"), record);
     EXPECT_EQ(read.failure, Failure::rejected);
     EXPECT_EQ(messages,
               (std::vector<std::string>{

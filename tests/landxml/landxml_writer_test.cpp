@@ -131,7 +131,7 @@ TEST_F(LandXmlWriterTest, AlignmentDocuments) {
         fs::path input = test::testData("landxml/writer") / (std::string(name) + ".ruxo");
         fs::path expected = test::testData("landxml/writer") / (std::string(name) + ".xml");
         std::string output = file(std::string(name) + ".xml");
-        ASSERT_TRUE(writeLandXmlAlignment(input.string(), output, fixedClock).ok()) << name;
+        ASSERT_TRUE(convertRuxoAlignmentToLandXml(input.string(), output, fixedClock).ok()) << name;
         const char* family = std::getenv("QUELCNV_WRITE_EXPECTED");
         if (family != nullptr && std::string_view(family) == "landxml") {
             std::string text = test::readBytes(output);
@@ -141,7 +141,7 @@ TEST_F(LandXmlWriterTest, AlignmentDocuments) {
         EXPECT_EQ(test::readBytes(output), test::withPlatformNewlines(test::readBytes(expected)))
             << name;
     }
-    EXPECT_EQ(writeLandXmlAlignment(file("missing.ruxo"), file("none.xml")).failure,
+    EXPECT_EQ(convertRuxoAlignmentToLandXml(file("missing.ruxo"), file("none.xml")).failure,
               Failure::inputUnreadable);
     EXPECT_FALSE(fs::exists(file("none.xml")));
 }
@@ -183,7 +183,7 @@ TEST_F(LandXmlWriterTest, ArcCentresAndPointsOfIntersection) {
     const Arc arcs[] = {{5027.23942998, 7053.46039145, 30.0, 200.0, 100.0},
                         {5092.58530516, 7127.77937722, 61.83098862, -150.0, 90.0}};
     std::string input = test::testData("landxml/writer/curves.ruxo").string();
-    ASSERT_TRUE(writeLandXmlAlignment(input, file("curves.xml"), fixedClock).ok());
+    ASSERT_TRUE(convertRuxoAlignmentToLandXml(input, file("curves.xml"), fixedClock).ok());
     std::string text = test::readBytes(file("curves.xml"));
     for (int i = 0; i < 2; ++i) {
         const Arc& a = arcs[i];
