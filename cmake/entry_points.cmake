@@ -1,7 +1,10 @@
 # Reads frame/entry_points.txt, the table of the library's entry points, and
 # generates from it what the build needs, so that the table is the only list:
 #   entry_point_table.inc    QUELCNV_ENTRY(name, result, "arguments", state, "help") rows
-#   pending_entry_points.cpp the entry points still waiting for their converter
+#   entry_points.cpp         the C entry points, each handing its arguments to
+#                            its conversion (frame/conversion.h); the sample
+#                            entry point, which writes into its argument, is
+#                            written by hand
 #   quelcnv.def              the module definition of the Windows DLL (bare names)
 #   quelcnv-stdcall.def      the same for 32-bit Windows, naming the decorated
 #                            symbols (name@bytes) that the linker exports bare
@@ -44,14 +47,43 @@ function(_quelcnv_write_if_changed path content)
   file(WRITE "${path}" "${content}")
 endfunction()
 
+# The entry point of one row: its arguments as the host passes them, handed
+# to the conversion of the same name.
+function(_quelcnv_export name result argument_names out_var)
+  set(parameters "")
+  set(passed "")
+  foreach(argument IN LISTS argument_names)
+    _quelcnv_argument("${argument}" type declaration)
+    list(APPEND parameters "${type} ${argument}")
+    if(argument STREQUAL "selec")
+      list(APPEND passed "wholeArgument(${argument})")
+    elseif(argument MATCHES "^(entrada|salida|salida1|salida2|pathAp|lecturas|puntos)$")
+      list(APPEND passed "pathArgument(${argument})")
+    else()
+      list(APPEND passed "textArgument(${argument})")
+    endif()
+  endforeach()
+  list(JOIN parameters ", " parameters)
+  list(JOIN passed ", " passed)
+  if(result STREQUAL "int")
+    set(body "    return enterConversion(\"${name}\", {${passed}});\n")
+    set(type "int")
+  else()
+    set(body "    enterConversion(\"${name}\", {${passed}});\n")
+    set(type "void")
+  endif()
+  set(${out_var} "QUELCNV_API ${type} QUELCNV_CALL MyDll_${name}(${parameters}) {\n${body}}\n\n"
+      PARENT_SCOPE)
+endfunction()
+
 function(quelcnv_generate_entry_points table out_dir)
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${table}")
   file(STRINGS "${table}" lines ENCODING UTF-8)
   set(rows "")
-  set(stubs "")
   set(def "LIBRARY quelcnv\nEXPORTS\n")
   set(stdcall_def "LIBRARY quelcnv\nEXPORTS\n")
   set(idl_functions "")
+  set(exports "")
   set(count 0)
   foreach(line IN LISTS lines)
     if(line MATCHES "^#" OR line STREQUAL "")
@@ -67,7 +99,7 @@ function(quelcnv_generate_entry_points table out_dir)
     list(GET fields 2 arguments)
     list(GET fields 3 state)
     list(GET fields 4 help)
-    if(NOT result MATCHES "^(int|none)$" OR NOT state MATCHES "^(built|pending|unavailable)$")
+    if(NOT result MATCHES "^(int|none)$" OR NOT state MATCHES "^(built|unavailable)$")
       message(FATAL_ERROR "entry_points.txt: bad result or state: ${line}")
     endif()
     _quelcnv_c_string("${arguments}" arguments_text)
@@ -93,18 +125,9 @@ function(quelcnv_generate_entry_points table out_dir)
       "        [entry(\"MyDll_${name}\"), helpstring(${help_text})]\n"
       "        ${idl_result} __stdcall MyDll_${name}(${idl_arguments});\n")
     math(EXPR count "${count} + 1")
-    if(state STREQUAL "pending")
-      set(parameters "")
-      foreach(argument IN LISTS argument_names)
-        _quelcnv_argument("${argument}" type declaration)
-        list(APPEND parameters "${type} /*${argument}*/")
-      endforeach()
-      list(JOIN parameters ", " parameters)
-      if(result STREQUAL "int")
-        string(APPEND stubs "QUELCNV_API int QUELCNV_CALL MyDll_${name}(${parameters}) { return 0; }\n")
-      else()
-        string(APPEND stubs "QUELCNV_API void QUELCNV_CALL MyDll_${name}(${parameters}) {}\n")
-      endif()
+    if(NOT name STREQUAL "ReverseString")
+      _quelcnv_export("${name}" "${result}" "${argument_names}" export)
+      string(APPEND exports "${export}")
     endif()
   endforeach()
   if(NOT count EQUAL 60)
@@ -113,8 +136,8 @@ function(quelcnv_generate_entry_points table out_dir)
 
   set(banner "// Generated from frame/entry_points.txt by cmake/entry_points.cmake; do not edit.\n")
   _quelcnv_write_if_changed("${out_dir}/entry_point_table.inc" "${banner}${rows}")
-  _quelcnv_write_if_changed("${out_dir}/pending_entry_points.cpp"
-    "${banner}// Entry points whose converter is not built yet: they convert nothing and return 0.\n#include \"quelcnv.h\"\n\nextern \"C\" {\n${stubs}}\n")
+  _quelcnv_write_if_changed("${out_dir}/entry_points.cpp"
+    "${banner}#include \"frame/conversion.h\"\n#include \"quelcnv.h\"\n\nusing namespace quelcnv;\n\nextern \"C\" {\n\n${exports}}  // extern \"C\"\n")
   _quelcnv_write_if_changed("${out_dir}/quelcnv.def" "${def}")
   _quelcnv_write_if_changed("${out_dir}/quelcnv-stdcall.def" "${stdcall_def}")
   configure_file("${_quelcnv_idl_template}" "${out_dir}/quelcnv.idl" @ONLY)

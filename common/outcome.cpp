@@ -9,6 +9,7 @@ std::string_view describe(Failure failure) {
         case Failure::outputUnwritable: return "no se puede escribir el fichero de salida";
         case Failure::noData: return "el fichero de entrada no contiene datos que convertir";
         case Failure::rejected: return "el fichero de entrada no tiene el formato esperado";
+        case Failure::malformed: return "el documento XML no esta bien formado";
         case Failure::tooLarge: return "el fichero de entrada pide un tamano imposible";
         case Failure::scratchUnavailable:
             return "no se puede usar la carpeta de ficheros temporales";

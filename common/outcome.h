@@ -13,6 +13,7 @@ enum class Failure {
     outputUnwritable,    // the output could not be created or written
     noData,              // the input holds nothing to convert
     rejected,            // the input breaks a rule of its format
+    malformed,           // an XML document that is not well-formed
     tooLarge,            // a count in the input would need an absurd allocation
     scratchUnavailable,  // the scratch directory is refused or cannot be locked
     readerUnavailable,   // the XML reader could not be created

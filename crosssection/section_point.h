@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace quelcnv {
 
@@ -23,5 +24,9 @@ int compareByOffsetAndCode(const SectionPoint& a, const SectionPoint& b);
 // stations are within 0.001; at such stations, the lower offset first unless
 // a is the one with the lower station. Deliberately not symmetric.
 int compareByStationAndOffset(const SectionPoint& a, const SectionPoint& b);
+
+// The sections of points in section order: each run of points at one
+// station is one.
+long countSections(const std::vector<SectionPoint>& points);
 
 }  // namespace quelcnv

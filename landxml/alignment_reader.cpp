@@ -268,7 +268,12 @@ void AlignmentReader::endDocument() {
             out.print("%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\n", e.station, e.start.x,
                       e.start.y, e.azimuth, e.parameter, e.radius);
     });
-    if (!written.ok()) outcome_ = written;
+    if (!written.ok()) {
+        outcome_ = written;
+        return;
+    }
+    outcome_.written = written.written;
+    outcome_.written.records = static_cast<long>(elements_.size());
 }
 
 // The first attribute of every Alignment.
@@ -290,14 +295,12 @@ public:
 Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
                                const ErrorMessage& showMessage) {
     AlignmentReader reader(selec, ruxoPath, showMessage);
-    if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
-    return reader.outcome();
+    return readWith(reader, entrada);
 }
 
 Outcome listLandXmlAlignments(const std::string& entrada, const std::string& listPath) {
     AlignmentLister lister;
-    if (!runSaxParse(lister, entrada)) return Outcome::failed(Failure::readerUnavailable);
-    return writeSelectionList(lister.names, listPath);
+    return listNames(lister, lister.names, entrada, listPath, WithoutReader::listNotWritten);
 }
 
 }  // namespace quelcnv

@@ -157,8 +157,10 @@ Outcome convertRuxoAlignmentToLandXml(const std::string& entrada, const std::str
     for (std::size_t i = 0; i + 1 < records.size(); ++i)
         records[i].length = records[i + 1].station - records[i].station;
     std::string name = baseName(salida);
-    return writeLandXmlDocument(
+    Outcome written = writeLandXmlDocument(
         salida, [&](XmlWriter& writer) { writeAlignment(writer, records, name); }, clock);
+    if (written.ok()) written.written.records = static_cast<long>(records.size());
+    return written;
 }
 
 }  // namespace quelcnv

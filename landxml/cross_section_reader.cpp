@@ -80,6 +80,8 @@ public:
             for (const SectionPoint& p : points_)
                 out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
         });
+        outcome_.written.points = static_cast<long>(points_.size());
+        outcome_.written.sections = countSections(points_);
     }
 
 private:
@@ -126,17 +128,13 @@ private:
 Outcome importLandXmlSections(const std::string& transver, const std::string& capa,
                               const std::string& entrada, const std::string& ruxoPath) {
     SectionReader reader(transver, capa, ruxoPath);
-    if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
-    return reader.outcome();
+    return readWith(reader, entrada);
 }
 
 // The list is written even when no reader could be created (it is then empty).
 Outcome listLandXmlSurfaces(const std::string& entrada, const std::string& listPath) {
     SurfaceLister lister;
-    bool parsed = runSaxParse(lister, entrada);
-    Outcome written = writeSelectionList(lister.names, listPath);
-    if (!parsed && written.ok()) return Outcome::failed(Failure::readerUnavailable);
-    return written;
+    return listNames(lister, lister.names, entrada, listPath, WithoutReader::listWritten);
 }
 
 }  // namespace quelcnv

@@ -31,9 +31,9 @@ std::vector<Section> sectionsOf(const std::vector<SectionPoint>& points) {
     return sections;
 }
 
-void writeSections(XmlWriter& writer, const std::vector<SectionPoint>& points,
-                   const std::string& alignment, const std::string& surface) {
-    std::vector<Section> sections = sectionsOf(points);
+void writeSections(XmlWriter& writer, const std::vector<Section>& sections,
+                   const std::vector<SectionPoint>& points, const std::string& alignment,
+                   const std::string& surface) {
     writer.clearAttributes();
     writer.writeStartElement("Alignments");
     writer.addTextAttribute("name", alignment, TextSource::fileName);
@@ -69,9 +69,14 @@ Outcome writeLandXmlSections(const std::vector<SectionPoint>& points,
     if (points.empty()) return Outcome::failed(Failure::noData);
     std::string alignment = baseName(salida);
     std::string surface = baseName(surfaceName);
-    return writeLandXmlDocument(
-        salida, [&](XmlWriter& writer) { writeSections(writer, points, alignment, surface); },
+    std::vector<Section> sections = sectionsOf(points);
+    Outcome written = writeLandXmlDocument(
+        salida, [&](XmlWriter& writer) { writeSections(writer, sections, points, alignment, surface); },
         clock);
+    if (!written.ok()) return written;
+    written.written.points = static_cast<long>(points.size());
+    written.written.sections = static_cast<long>(sections.size());
+    return written;
 }
 
 }  // namespace quelcnv

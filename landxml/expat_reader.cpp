@@ -66,27 +66,31 @@ public:
     }
 
     // Feeds the file in chunks; the document end only after the last one.
-    void run(std::FILE* file, std::size_t chunkSize) {
+    SaxResult run(std::FILE* file, std::size_t chunkSize) {
         for (;;) {
             void* buffer = XML_GetBuffer(parser_, static_cast<int>(chunkSize));
-            if (buffer == nullptr) break;
+            if (buffer == nullptr) return malformedHere();
             std::size_t read = std::fread(buffer, 1, chunkSize, file);
-            if (std::ferror(file)) break;
+            if (std::ferror(file)) return {true, SaxEnd::unreadable, 0};
             bool last = read < chunkSize && std::feof(file);
             XML_Status status = XML_ParseBuffer(parser_, static_cast<int>(read), last);
             if (failure_) std::rethrow_exception(failure_);
-            if (status != XML_STATUS_OK) break;
+            if (status != XML_STATUS_OK) return malformedHere();
             if (last) {
                 endPiece();
                 handler_.endDocument();
-                break;
+                if (failure_) std::rethrow_exception(failure_);
+                return {true, SaxEnd::whole, 0};
             }
         }
-        if (failure_) std::rethrow_exception(failure_);
     }
 
 private:
     static ExpatParse& of(void* data) { return *static_cast<ExpatParse*>(data); }
+
+    SaxResult malformedHere() const {
+        return {true, SaxEnd::malformed, static_cast<long>(XML_GetCurrentLineNumber(parser_))};
+    }
 
     // Runs one event unless an earlier one failed.
     template <typename Event>
@@ -164,16 +168,16 @@ private:
 
 }  // namespace
 
-bool parseWithExpat(SaxHandler& handler, const std::string& path, std::size_t chunkSize) {
+SaxResult parseWithExpat(SaxHandler& handler, const std::string& path, std::size_t chunkSize) {
     ParserHandle parser(XML_ParserCreateNS(nullptr, namespaceSeparator));
-    if (!parser) return false;
+    if (!parser) return {};
     ExpatParse parse(handler, parser.get());
     std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
-    if (file) parse.run(file.get(), chunkSize == 0 ? defaultChunkSize : chunkSize);
-    return true;
+    if (!file) return {true, SaxEnd::unreadable, 0};
+    return parse.run(file.get(), chunkSize == 0 ? defaultChunkSize : chunkSize);
 }
 
-bool runSaxParse(SaxHandler& handler, const std::string& path) {
+SaxResult runSaxParse(SaxHandler& handler, const std::string& path) {
     return parseWithExpat(handler, path, defaultChunkSize);
 }
 

@@ -10,6 +10,6 @@ namespace quelcnv {
 
 // runSaxParse, feeding expat the file in chunks of chunkSize bytes (0: the
 // usual size). The handler must see the same events whatever the size.
-bool parseWithExpat(SaxHandler& handler, const std::string& path, std::size_t chunkSize);
+SaxResult parseWithExpat(SaxHandler& handler, const std::string& path, std::size_t chunkSize);
 
 }  // namespace quelcnv

@@ -292,6 +292,15 @@ struct ParseOutcome {
     bool whole = false;    // and it read the whole document
 };
 
+// Whether the file can be opened at all: what tells a missing or unreadable
+// file from a document MSXML rejected.
+bool canOpen(const std::wstring& path) {
+    std::FILE* file = _wfopen(path.c_str(), L"rb");
+    if (file == nullptr) return false;
+    std::fclose(file);
+    return true;
+}
+
 // One parse from COM's start to its end; every object is released on return.
 ParseOutcome parseWithMsxml(SaxEvents& events, const std::string& path) {
     ComApartment apartment;
@@ -311,14 +320,17 @@ ParseOutcome parseWithMsxml(SaxEvents& events, const std::string& path) {
 
 }  // namespace
 
-bool runSaxParse(SaxHandler& handler, const std::string& path) {
+SaxResult runSaxParse(SaxHandler& handler, const std::string& path) {
     SaxEvents events(handler);
     ParseOutcome outcome = parseWithMsxml(events, path);
     // COM is down and every object released: a handler's failure may travel
     // on now, and the document's end may do whatever it likes.
     if (events.failure()) std::rethrow_exception(events.failure());
-    if (outcome.whole) events.finishDocument();
-    return outcome.created;
+    if (!outcome.created) return {};
+    if (!outcome.whole)
+        return {true, canOpen(widePath(path)) ? SaxEnd::malformed : SaxEnd::unreadable, 0};
+    events.finishDocument();
+    return {true, SaxEnd::whole, 0};
 }
 
 }  // namespace quelcnv

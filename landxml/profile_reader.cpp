@@ -135,6 +135,7 @@ void ProfileReader::endDocument() {
                 out.print("%10.3lf %8.3lf %9.3lf\n", v.station, v.elevation, 2.0 * v.tangent);
         }
     });
+    outcome_.written.vertices = static_cast<long>(vertices_.size());
 }
 
 // "alignment: profile" from the attributes named "name". An alignment
@@ -171,17 +172,13 @@ private:
 Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
                               const std::string& salida, ProfileColumns columns) {
     ProfileReader reader(nombreRas, salida, columns);
-    if (!runSaxParse(reader, entrada)) return Outcome::failed(Failure::readerUnavailable);
-    return reader.outcome();
+    return readWith(reader, entrada);
 }
 
 // The list is written even when no reader could be created (it is then empty).
 Outcome listLandXmlProfiles(const std::string& entrada, const std::string& listPath) {
     ProfileLister lister;
-    bool parsed = runSaxParse(lister, entrada);
-    Outcome written = writeSelectionList(lister.names, listPath);
-    if (!parsed && written.ok()) return Outcome::failed(Failure::readerUnavailable);
-    return written;
+    return listNames(lister, lister.names, entrada, listPath, WithoutReader::listWritten);
 }
 
 }  // namespace quelcnv

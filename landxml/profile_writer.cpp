@@ -43,8 +43,10 @@ Outcome writeLandXmlProfile(const Profile& vertices, const std::string& salida,
                             const Clock& clock) {
     if (vertices.empty()) return Outcome::failed(Failure::noData);
     std::string name = baseName(salida);
-    return writeLandXmlDocument(
+    Outcome written = writeLandXmlDocument(
         salida, [&](XmlWriter& writer) { writeProfile(writer, vertices, name); }, clock);
+    if (written.ok()) written.written.vertices = static_cast<long>(vertices.size());
+    return written;
 }
 
 }  // namespace quelcnv

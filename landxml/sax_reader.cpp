@@ -10,6 +10,13 @@ bool SaxHandler::wantsText() const { return false; }
 void SaxHandler::characters(std::string_view) {}
 void SaxHandler::endDocument() {}
 
+Outcome readingOutcome(const SaxResult& result) {
+    if (!result.created) return Outcome::failed(Failure::readerUnavailable);
+    if (result.end == SaxEnd::unreadable) return Outcome::failed(Failure::inputUnreadable);
+    if (result.end == SaxEnd::malformed) return Outcome::failed(Failure::malformed, result.line);
+    return Outcome::done();
+}
+
 std::optional<std::string_view> getAttributeText(const XmlAttributes& attributes,
                                                  std::string_view name) {
     for (const XmlAttribute& attribute : attributes)

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <vector>
 
+#include "common/outcome.h"
+
 namespace quelcnv {
 
 // One attribute as the handlers see it: the local name (no prefix, no
@@ -46,13 +48,40 @@ public:
     virtual void endDocument();
 };
 
-// Reads the document at path and hands its events to the handler. False
-// when no XML reader could be created: nothing was read. On Windows the
-// MSXML 3 SAX reader is used (COM initialised and uninitialised within the
-// call; a failed creation prints "\nError %08X\n\n" on standard output).
-// Documents are never given a DTD from outside, external entities are never
-// loaded, and entity expansion is bounded.
-bool runSaxParse(SaxHandler& handler, const std::string& path);
+// How far a document was read.
+enum class SaxEnd {
+    whole,       // to its end: the handler saw the document end
+    unreadable,  // the file could not be opened or read
+    malformed,   // the parser rejected it part way
+};
+
+struct SaxResult {
+    bool created = false;  // an XML reader could be created; without one nothing was read
+    SaxEnd end = SaxEnd::unreadable;
+    long line = 0;  // the line where a malformed document went wrong, when the parser tells
+};
+
+// Reads the document at path and hands its events to the handler. On
+// Windows the MSXML 3 SAX reader is used (COM initialised and uninitialised
+// within the call; a failed creation prints "\nError %08X\n\n" on standard
+// output). Documents are never given a DTD from outside, external entities
+// are never loaded, and entity expansion is bounded.
+SaxResult runSaxParse(SaxHandler& handler, const std::string& path);
+
+// A reading that did not reach the document's end as an outcome:
+// readerUnavailable, inputUnreadable, or malformed at its line; done when it
+// did.
+Outcome readingOutcome(const SaxResult& result);
+
+// Reads the document with a reader that judges it itself: the reading's
+// failure when it did not reach the document's end, else the reader's
+// outcome().
+template <typename Reader>
+Outcome readWith(Reader& reader, const std::string& path) {
+    SaxResult read = runSaxParse(reader, path);
+    if (!read.created || read.end != SaxEnd::whole) return readingOutcome(read);
+    return reader.outcome();
+}
 
 // The value of the first attribute whose local name is exactly name.
 std::optional<std::string_view> getAttributeText(const XmlAttributes& attributes,

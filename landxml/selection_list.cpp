@@ -10,4 +10,18 @@ Outcome writeSelectionList(const std::vector<std::string>& names, const std::str
     });
 }
 
+Outcome listNames(SaxHandler& lister, const std::vector<std::string>& names,
+                  const std::string& entrada, const std::string& listPath,
+                  WithoutReader withoutReader) {
+    SaxResult read = runSaxParse(lister, entrada);
+    if (!read.created && withoutReader == WithoutReader::listNotWritten)
+        return readingOutcome(read);
+    Outcome written = writeSelectionList(names, listPath);
+    if (!written.ok()) return written;
+    Outcome outcome = readingOutcome(read);
+    outcome.written = written.written;
+    outcome.written.names = static_cast<long>(names.size());
+    return outcome;
+}
+
 }  // namespace quelcnv

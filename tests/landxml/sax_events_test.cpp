@@ -106,7 +106,7 @@ protected:
     std::string parse(const std::string& path, bool wanting = true) {
         EventLog handler;
         handler.wanting = wanting;
-        EXPECT_TRUE(runSaxParse(handler, path));
+        EXPECT_TRUE(runSaxParse(handler, path).created);
         return handler.log;
     }
 };
@@ -119,7 +119,7 @@ TEST_F(SaxEventsTest, DeliversLocalNamesPiecesAndEncodings) {
         // expat fed a few bytes at a time must give the same events.
         for (std::size_t chunk : {1, 2, 3}) {
             EventLog handler;
-            ASSERT_TRUE(parseWithExpat(handler, file("doc.xml"), chunk));
+            ASSERT_TRUE(parseWithExpat(handler, file("doc.xml"), chunk).created);
             EXPECT_EQ(handler.log, c.events) << c.name << " in chunks of " << chunk;
         }
 #endif
@@ -127,6 +127,21 @@ TEST_F(SaxEventsTest, DeliversLocalNamesPiecesAndEncodings) {
 }
 
 TEST_F(SaxEventsTest, MissingFileGivesNoEvent) { EXPECT_EQ(parse(file("missing.xml")), ""); }
+
+// Whether the document was read to its end, could not be read, or was found
+// malformed (and where, when the parser says).
+TEST_F(SaxEventsTest, HowFarTheDocumentWasRead) {
+    EventLog handler;
+    EXPECT_EQ(runSaxParse(handler, file("missing.xml")).end, SaxEnd::unreadable);
+    test::writeBytes(file("whole.xml"), "<a>\n<b/>\n</a>\n");
+    EXPECT_EQ(runSaxParse(handler, file("whole.xml")).end, SaxEnd::whole);
+    test::writeBytes(file("cut.xml"), "<a>\n<b/>\n<c>\n");
+    SaxResult cut = runSaxParse(handler, file("cut.xml"));
+    EXPECT_EQ(cut.end, SaxEnd::malformed);
+#ifndef _WIN32
+    EXPECT_EQ(cut.line, 4);
+#endif
+}
 
 TEST_F(SaxEventsTest, TextNobodyWantsIsNotDelivered) {
     test::writeBytes(file("doc.xml"), "<p>abc<q/>def</p>");

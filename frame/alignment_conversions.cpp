@@ -1,0 +1,76 @@
+// The alignment conversions: the NEVO writer, and the importers chained to it
+// through the scratch file.
+#include "alignment/clip_plt_alignment.h"
+#include "alignment/htrazado_alignment.h"
+#include "alignment/ispol_alignment.h"
+#include "alignment/istram_alignment.h"
+#include "alignment/istram_listing_alignment.h"
+#include "alignment/nevo_alignment.h"
+#include "frame/conversion.h"
+
+namespace quelcnv {
+
+namespace {
+
+using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
+
+// entrada, salida, pathAp: the importer into the scratch file, then the NEVO
+// writer from it.
+Outcome chainToNevo(Importer import, const Arguments& a, ScratchAfter after) {
+    return chainThroughScratch([&](const std::string& temp) { return import(a[0], temp); },
+                               [&](const std::string& temp) {
+                                   return convertRuxoAlignmentToNevo(temp, a[1], a[2]);
+                               },
+                               after);
+}
+
+Outcome aruxo2nevo(Arguments& a) { return convertRuxoAlignmentToNevo(a[0], a[1], a[2]); }
+
+Outcome aruxo2nevoWCE(Arguments& a) { return writeIntersectionForm(a[0], a[1]).outcome; }
+
+Outcome aistram2nevo(Arguments& a) {
+    return chainToNevo(importIstramAlignment, a, ScratchAfter::removed);
+}
+
+Outcome ahtrazado2nevo(Arguments& a) {
+    return chainToNevo(importHtrazadoAlignment, a, ScratchAfter::removed);
+}
+
+Outcome aclipplt2nevo(Arguments& a) {
+    return chainToNevo(importClipPltAlignment, a, ScratchAfter::removed);
+}
+
+// These two leave the scratch file behind, as the host has always found it.
+Outcome aistramList2nevo(Arguments& a) {
+    return chainToNevo(importIstramListingAlignment, a, ScratchAfter::left);
+}
+
+Outcome aispol2nevo(Arguments& a) {
+    return chainToNevo(importIspolAlignment, a, ScratchAfter::left);
+}
+
+Outcome aclipplt2ruxo(Arguments& a) { return importClipPltAlignment(a[0], a[1]); }
+
+Outcome aistram2ruxo(Arguments& a) { return importIstramAlignment(a[0], a[1]); }
+
+// The MXROAD alignment conversion is not provided in this version.
+Outcome amxroad2nevo(Arguments&) { return Outcome::failed(Failure::notProvided); }
+
+const Conversion conversions[] = {
+    {"aruxo2nevo", aruxo2nevo, HostResult::alwaysDone},
+    {"aruxo2nevoWCE", aruxo2nevoWCE, HostResult::alwaysDone},
+    {"aistram2nevo", aistram2nevo, HostResult::alwaysDone},
+    {"amxroad2nevo", amxroad2nevo, HostResult::alwaysDone},
+    {"ahtrazado2nevo", ahtrazado2nevo, HostResult::alwaysDone},
+    {"aclipplt2nevo", aclipplt2nevo, HostResult::importer},
+    {"aistramList2nevo", aistramList2nevo, HostResult::alwaysDone},
+    {"aispol2nevo", aispol2nevo, HostResult::alwaysDone},
+    {"aclipplt2ruxo", aclipplt2ruxo, HostResult::doneOrFailed},
+    {"aistram2ruxo", aistram2ruxo, HostResult::doneOrFailed},
+};
+
+}  // namespace
+
+std::span<const Conversion> alignmentConversions() { return conversions; }
+
+}  // namespace quelcnv

@@ -1,0 +1,92 @@
+// The conversions behind the entry points, one per entry point, run on text
+// arguments and reporting what happened. The C entry points turn that into
+// the host's integer; the command into its messages; the tests read both.
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "common/outcome.h"
+#include "common/scratch.h"
+
+namespace quelcnv {
+
+// The arguments in the entry point's order; selec as its decimal text.
+using Arguments = std::vector<std::string>;
+using ConversionRun = Outcome (*)(Arguments& arguments);
+
+// How an entry point turns its conversion's outcome into the host's integer.
+enum class HostResult {
+    doneOrFailed,  // 1 when converted, 0 when not
+    alwaysDone,    // 1 whatever happened: the host tells a failure by the missing output
+    importer,      // 1 unless the importer, the first step of the chain, failed
+    readerFlag,    // the same, but a document the reader could not read to its end gives 1
+    listWritten,   // 1 unless the selection list could not be written
+    levelBook,     // 1 converted, 21 the readings cannot be read, 0 otherwise
+    none,          // the entry point returns nothing
+};
+
+struct Conversion {
+    std::string_view name;  // the entry point's name without "MyDll_"
+    ConversionRun run;
+    HostResult result;
+};
+
+// Each family's conversions.
+std::span<const Conversion> frameConversions();
+std::span<const Conversion> alignmentConversions();
+std::span<const Conversion> crossSectionConversions();
+std::span<const Conversion> profileConversions();
+std::span<const Conversion> fieldDataConversions();
+std::span<const Conversion> landXmlReadingConversions();
+std::span<const Conversion> landXmlWritingConversions();
+
+// entrada, salida: one converter from file to file.
+using FileConversion = Outcome (*)(const std::string& entrada, const std::string& salida);
+template <FileConversion convert>
+Outcome fromFile(Arguments& a) {
+    return convert(a[0], a[1]);
+}
+
+// The conversion of the entry point of that name, or nullptr.
+const Conversion* findConversion(std::string_view name);
+
+// The integer the entry point gives the host: the one place where an outcome
+// becomes a result.
+int hostResult(HostResult rule, const Outcome& outcome);
+
+// An argument of an entry point as the host passes it, or nothing when the
+// host's buffers could not have held it: a NULL text, or a path over 255
+// bytes (a path is never cut short).
+struct EntryArgument {
+    std::optional<std::string> text;
+};
+EntryArgument pathArgument(const char* path);
+EntryArgument textArgument(const char* text);
+EntryArgument wholeArgument(int value);
+
+// What every entry point does: with an argument it cannot use it converts
+// nothing and gives 0; otherwise it runs the conversion and gives the host
+// its integer. Nothing escapes from it.
+int enterConversion(std::string_view name, std::initializer_list<EntryArgument> arguments) noexcept;
+
+// A conversion chained through a scratch file: importer from the input into
+// the scratch file, then, only when it succeeded, writer from the scratch
+// file to the output. The scratch file is removed before (a file left by an
+// earlier conversion never passes for this one's) and, with `removed`,
+// after; `left`, it stays for the next conversion to overwrite. The
+// importer's failure, marked as such, or the writer's outcome.
+enum class ScratchAfter { removed, left };
+using ScratchStep = std::function<Outcome(const std::string& scratchPath)>;
+Outcome chainThroughScratch(const ScratchStep& importer, const ScratchStep& writer,
+                            ScratchAfter after, ScratchFile file = ScratchFile::chainTemp);
+
+// The selec argument, read back as the whole number it was given as.
+int selection(const std::string& selec);
+
+}  // namespace quelcnv

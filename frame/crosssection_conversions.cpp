@@ -1,0 +1,63 @@
+// The cross-section conversions: the two line layouts, the importers that
+// reach the NEVO file through the scratch RUXO file, and CartoMAP.
+#include "crosssection/cartomap_sections.h"
+#include "crosssection/clip_ter_sections.h"
+#include "crosssection/clip_trv_sections.h"
+#include "crosssection/htrazado_sections.h"
+#include "crosssection/istram_sections.h"
+#include "crosssection/mxroad_sections.h"
+#include "crosssection/ruxo_sections.h"
+#include "frame/conversion.h"
+
+namespace quelcnv {
+
+namespace {
+
+using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
+
+// entrada, salida: the importer into the scratch RUXO file, then the NEVO
+// file from it.
+Outcome importToNevo(Importer import, const Arguments& a) {
+    return chainThroughScratch(
+        [&](const std::string& temp) { return import(a[0], temp); },
+        [&](const std::string& temp) { return convertRuxoSectionsToNevo(temp, a[1]); },
+        ScratchAfter::removed);
+}
+
+Outcome ruxo2nevo(Arguments& a) { return convertRuxoSectionsToNevo(a[0], a[1]); }
+
+Outcome traruxo2nevo(Arguments& a) { return convertCommaSectionsToFixedWidth(a[0], a[1]); }
+
+Outcome istram2nevo(Arguments& a) { return importToNevo(importIstramSections, a); }
+
+Outcome mxroad2nevo(Arguments& a) { return importToNevo(importMxroadSections, a); }
+
+Outcome htrazado2nevo(Arguments& a) { return importToNevo(importHtrazadoSections, a); }
+
+Outcome clip2nevo(Arguments& a) { return importToNevo(importClipTerSections, a); }
+
+Outcome cliptrv2nevo(Arguments& a) { return importToNevo(importClipTrvSections, a); }
+
+Outcome traCartomap2ruxo(Arguments& a) { return importCartomapSections(a[0], a[1]); }
+
+// The conversion of CLIP cross-section reports is not provided in this
+// version: nothing is read or written.
+Outcome clipST2ruxo(Arguments&) { return Outcome::failed(Failure::notProvided); }
+
+const Conversion conversions[] = {
+    {"ruxo2nevo", ruxo2nevo, HostResult::doneOrFailed},
+    {"istram2nevo", istram2nevo, HostResult::alwaysDone},
+    {"mxroad2nevo", mxroad2nevo, HostResult::alwaysDone},
+    {"htrazado2nevo", htrazado2nevo, HostResult::alwaysDone},
+    {"clip2nevo", clip2nevo, HostResult::alwaysDone},
+    {"cliptrv2nevo", cliptrv2nevo, HostResult::alwaysDone},
+    {"traCartomap2ruxo", traCartomap2ruxo, HostResult::doneOrFailed},
+    {"traruxo2nevo", traruxo2nevo, HostResult::doneOrFailed},
+    {"clipST2ruxo", clipST2ruxo, HostResult::doneOrFailed},
+};
+
+}  // namespace
+
+std::span<const Conversion> crossSectionConversions() { return conversions; }
+
+}  // namespace quelcnv

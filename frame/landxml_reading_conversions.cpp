@@ -1,0 +1,85 @@
+// The LandXML reading conversions: for alignments, profiles and cross
+// sections, a selection that lists what the document holds in the scratch
+// file "$$$$.EJE", and the conversions of the item the host then chose.
+#include "alignment/nevo_alignment.h"
+#include "crosssection/ruxo_sections.h"
+#include "frame/conversion.h"
+#include "landxml/alignment_reader.h"
+#include "landxml/cross_section_reader.h"
+#include "landxml/profile_reader.h"
+
+namespace quelcnv {
+
+namespace {
+
+using Lister = Outcome (*)(const std::string& entrada, const std::string& listPath);
+
+// entrada: the selection list written in the scratch folder.
+template <Lister list>
+Outcome selectionList(Arguments& a) {
+    ScratchSession scratch;
+    if (!scratch.ready()) return Outcome::failed(Failure::scratchUnavailable);
+    return list(a[0], scratch.path(ScratchFile::selectionList));
+}
+
+// A negative selec chooses no alignment: the reader refuses it.
+Outcome negativeSelection() {
+    Outcome refused = Outcome::failed(Failure::invalidArgument);
+    refused.inImport = true;
+    return refused;
+}
+
+// selec, entrada, salida, pathAp: the alignment through the scratch RUXO file
+// of the current folder (on Windows) to the NEVO writer.
+Outcome alandxml2nevo(Arguments& a) {
+    int selec = selection(a[0]);
+    if (selec < 0) return negativeSelection();
+    return chainThroughScratch(
+        [&](const std::string& temp) { return importLandXmlAlignment(a[1], selec, temp); },
+        [&](const std::string& temp) { return convertRuxoAlignmentToNevo(temp, a[2], a[3]); },
+        ScratchAfter::removed, ScratchFile::localTemp);
+}
+
+// selec, entrada, salida (the RUXO file), pathAp (not used).
+Outcome alandxml2nevoWCE(Arguments& a) {
+    int selec = selection(a[0]);
+    if (selec < 0) return negativeSelection();
+    Outcome read = importLandXmlAlignment(a[1], selec, a[2]);
+    read.inImport = !read.ok();
+    return read;
+}
+
+// nombreRas, entrada, salida.
+template <ProfileColumns columns>
+Outcome profileConversion(Arguments& a) {
+    return convertLandXmlProfile(a[0], a[1], a[2], columns);
+}
+
+// transver, capa, entrada, salida: the surface's points through the scratch
+// RUXO file to the NEVO file.
+Outcome tralandxml2nevo(Arguments& a) {
+    return chainThroughScratch(
+        [&](const std::string& temp) { return importLandXmlSections(a[0], a[1], a[2], temp); },
+        [&](const std::string& temp) { return convertRuxoSectionsToNevo(temp, a[3]); },
+        ScratchAfter::removed);
+}
+
+Outcome tralandxml2nevoWCE(Arguments& a) { return importLandXmlSections(a[0], a[1], a[2], a[3]); }
+
+const Conversion conversions[] = {
+    {"seleccionaTransverLandXML", selectionList<listLandXmlSurfaces>, HostResult::none},
+    {"tralandxml2nevo", tralandxml2nevo, HostResult::alwaysDone},
+    {"tralandxml2nevoWCE", tralandxml2nevoWCE, HostResult::alwaysDone},
+    {"seleccionaEjeLandXML", selectionList<listLandXmlAlignments>, HostResult::listWritten},
+    {"alandxml2nevo", alandxml2nevo, HostResult::readerFlag},
+    {"alandxml2nevoWCE", alandxml2nevoWCE, HostResult::readerFlag},
+    {"seleccionaRasanteLandXML", selectionList<listLandXmlProfiles>, HostResult::none},
+    {"rlandxml2nevo", profileConversion<ProfileColumns::curveLengths>, HostResult::alwaysDone},
+    {"rlandxml2nevoWCE", profileConversion<ProfileColumns::fiveColumns>, HostResult::alwaysDone},
+};
+
+}  // namespace
+
+std::span<const Conversion> landXmlReadingConversions() { return conversions; }
+
+}  // namespace quelcnv

@@ -1,0 +1,98 @@
+// The conversions that write LandXML: alignments from a RUXO alignment file
+// or through an alignment importer, profiles from the profile files the NEVO
+// conversions read, cross sections from comma-separated points or through a
+// cross-section importer.
+#include "alignment/clip_plt_alignment.h"
+#include "alignment/htrazado_alignment.h"
+#include "alignment/ispol_alignment.h"
+#include "alignment/istram_alignment.h"
+#include "alignment/istram_listing_alignment.h"
+#include "crosssection/clip_ter_sections.h"
+#include "crosssection/clip_trv_sections.h"
+#include "crosssection/htrazado_sections.h"
+#include "crosssection/istram_sections.h"
+#include "crosssection/mxroad_sections.h"
+#include "crosssection/ruxo_sections.h"
+#include "frame/conversion.h"
+#include "landxml/alignment_writer.h"
+#include "landxml/cross_section_writer.h"
+#include "landxml/profile_writer.h"
+#include "profile/ispol_profile.h"
+#include "profile/istram_profile.h"
+#include "profile/velm_profile.h"
+
+namespace quelcnv {
+
+namespace {
+
+using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
+using ProfileReader = ProfileRead (*)(const std::string& path);
+
+// entrada, salida: the importer writes the scratch RUXO alignment file, and
+// only when it succeeded is the document written from it.
+template <Importer import>
+Outcome alignmentToLandXml(Arguments& a) {
+    return chainThroughScratch(
+        [&](const std::string& temp) { return import(a[0], temp); },
+        [&](const std::string& temp) { return convertRuxoAlignmentToLandXml(temp, a[1]); },
+        ScratchAfter::removed);
+}
+
+Outcome aVELM2LandXML(Arguments& a) { return convertRuxoAlignmentToLandXml(a[0], a[1]); }
+
+template <ProfileReader read>
+Outcome profileToLandXml(Arguments& a) {
+    ProfileRead profile = read(a[0]);
+    if (!profile.outcome.ok()) return profile.outcome;
+    return writeLandXmlProfile(profile.vertices, a[1]);
+}
+
+// The points of a cross-section file as a document whose surface is named
+// after entrada.
+Outcome sectionsToLandXml(const SectionPoints& read, const Arguments& a) {
+    if (!read.outcome.ok()) return read.outcome;
+    return writeLandXmlSections(read.points, a[0], a[1]);
+}
+
+template <Importer import>
+Outcome importedSectionsToLandXml(Arguments& a) {
+    return chainThroughScratch(
+        [&](const std::string& temp) { return import(a[0], temp); },
+        [&](const std::string& temp) { return sectionsToLandXml(readRuxoSections(temp), a); },
+        ScratchAfter::removed);
+}
+
+Outcome travelm2landxml(Arguments& a) { return sectionsToLandXml(readCommaSections(a[0]), a); }
+
+const Conversion conversions[] = {
+    {"travelm2landxml", travelm2landxml, HostResult::doneOrFailed},
+    {"tracliptrv2landxml", importedSectionsToLandXml<importClipTrvSections>,
+     HostResult::doneOrFailed},
+    {"traclip2landxml", importedSectionsToLandXml<importClipTerSections>,
+     HostResult::doneOrFailed},
+    {"traistram2landxml", importedSectionsToLandXml<importIstramSections>,
+     HostResult::doneOrFailed},
+    {"tramxroad2landxml", importedSectionsToLandXml<importMxroadSections>,
+     HostResult::doneOrFailed},
+    // The name keeps its transposed letters: the host binds by it.
+    {"trahtrazado2lamdxml", importedSectionsToLandXml<importHtrazadoSections>,
+     HostResult::doneOrFailed},
+    {"aVELM2LandXML", aVELM2LandXML, HostResult::alwaysDone},
+    {"aistram2LandXML", alignmentToLandXml<importIstramAlignment>, HostResult::alwaysDone},
+    {"ahtrazado2LandXML", alignmentToLandXml<importHtrazadoAlignment>, HostResult::alwaysDone},
+    {"aclipplt2LandXML", alignmentToLandXml<importClipPltAlignment>, HostResult::alwaysDone},
+    {"aistramList2LandXML", alignmentToLandXml<importIstramListingAlignment>,
+     HostResult::alwaysDone},
+    {"aispol2LandXML", alignmentToLandXml<importIspolAlignment>, HostResult::alwaysDone},
+    // The VELM profile conversion gives 1 whatever happened, as the host
+    // expects of it; the two listings tell a failure.
+    {"rvelm2landxml", profileToLandXml<readVelmProfile>, HostResult::alwaysDone},
+    {"ristram2landxml", profileToLandXml<readIstramProfile>, HostResult::doneOrFailed},
+    {"rispol2landxml", profileToLandXml<readIspolProfile>, HostResult::doneOrFailed},
+};
+
+}  // namespace
+
+std::span<const Conversion> landXmlWritingConversions() { return conversions; }
+
+}  // namespace quelcnv
