@@ -319,7 +319,7 @@ Outcome writeElementForm(const std::string& entrada, const std::string& salida) 
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     writeElements(out, file.records);
-    return out.complete();
+    return withCount(out.complete(), &Written::records, file.records.size());
 }
 
 IntersectionForm writeIntersectionForm(const std::string& entrada, const std::string& salida) {
@@ -328,7 +328,7 @@ IntersectionForm writeIntersectionForm(const std::string& entrada, const std::st
     OutputFile out;
     if (!out.open(salida)) return {Outcome::failed(Failure::outputUnwritable)};
     bool asymmetric = writeIntersectionPoints(out, file.records);
-    return {out.complete(), asymmetric};
+    return {withCount(out.complete(), &Written::records, file.records.size()), asymmetric};
 }
 
 Outcome convertRuxoAlignmentToNevo(const std::string& entrada, const std::string& salida,

@@ -64,7 +64,7 @@ Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const st
         out.print("%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n", r.station, r.x, r.y, r.azimuth,
                   r.parameter, r.radius);
     }
-    return out.complete();
+    return withCount(out.complete(), &Written::records, records.size());
 }
 
 }  // namespace quelcnv

@@ -77,12 +77,17 @@ int LineReader::nextChar() {
 }
 
 ReadStatus LineReader::read(std::string& text) {
+    lastStart_ = position_;
+    lineNumber_ = linesEnded_ < 0 ? 0 : linesEnded_ + 1;
     std::string piece;
     while (piece.size() < maxLineLength) {
         int c = nextChar();
         if (c == endOfFile) break;
         piece.push_back(static_cast<char>(c));
-        if (c == '\n') break;
+        if (c == '\n') {
+            if (linesEnded_ >= 0) ++linesEnded_;
+            break;
+        }
     }
     if (piece.empty() && atEnd_) return ReadStatus::nothing;
     std::size_t nul = piece.find('\0');
@@ -94,6 +99,7 @@ ReadStatus LineReader::read(std::string& text) {
 bool LineReader::seek(std::uint64_t offset) {
     if (file_ == nullptr || !seekFile(file_, offset)) return false;
     bufferStart_ = bufferEnd_ = 0;
+    linesEnded_ = offset == lastStart_ && lineNumber_ > 0 ? lineNumber_ - 1 : -1;
     position_ = offset;
     atEnd_ = ctrlZ_ = false;
     return true;

@@ -49,6 +49,9 @@ public:
     bool seek(std::uint64_t offset);
     // False when a read failed for another reason than the end of the file.
     bool readFailed() const { return failed_; }
+    // The 1-based number of the line the last read started in; 0 before the
+    // first read, and after a seek elsewhere than to the last read's start.
+    long lineNumber() const { return lineNumber_; }
 
 private:
     int nextChar();
@@ -63,6 +66,9 @@ private:
     bool atEnd_ = false;
     bool ctrlZ_ = false;
     bool failed_ = false;
+    long lineNumber_ = 0;
+    long linesEnded_ = 0;  // line feeds read, or -1 when unknown after a seek
+    std::uint64_t lastStart_ = 0;
 };
 
 // The read that meets the end of the file is not used: true for every line

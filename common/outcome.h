@@ -3,6 +3,7 @@
 // host's integer; the command turns it into its messages.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 
 namespace quelcnv {
@@ -50,6 +51,12 @@ struct Outcome {
         return outcome;
     }
 };
+
+// The outcome with one figure of what was written set, when it is done.
+inline Outcome withCount(Outcome outcome, long Written::*figure, std::size_t count) {
+    if (outcome.ok()) outcome.written.*figure = static_cast<long>(count);
+    return outcome;
+}
 
 // Spanish text of a failure, as the command shows it.
 std::string_view describe(Failure failure);

@@ -93,7 +93,7 @@ Outcome importClipTerSections(const std::string& entrada, const std::string& rux
         if (in.read(elevations) == ReadStatus::nothing) elevations.clear();
         if (elevations.size() <= longestShortElevationLine) continue;
         auto points = sectionPoints(distances, elevations, capacity);
-        if (!points) return Outcome::failed(Failure::tooLarge);
+        if (!points) return Outcome::failed(Failure::tooLarge, in.lineNumber());
         for (const SectionPoint& p : *points)
             files.out.print("%9.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
     }

@@ -67,7 +67,7 @@ Outcome readSections(LineReader& in, OutputFile& out) {
     while (readLineThroughEnd(in, line)) {
         if (line.empty()) continue;
         HeaderLine kind = sections == 0 ? headerLine(line) : HeaderLine::none;
-        if (kind == HeaderLine::foreign) return Outcome::failed(Failure::rejected);
+        if (kind == HeaderLine::foreign) return Outcome::failed(Failure::rejected, in.lineNumber());
         if (kind == HeaderLine::fileHeader) {
             readLineThroughEnd(in, line);
             continue;

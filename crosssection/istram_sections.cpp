@@ -125,7 +125,7 @@ Outcome importIstramSections(const std::string& entrada, const std::string& ruxo
         if (!readLineBeforeEnd(in, line)) break;
         readCounts(line, header);
         auto points = readPoints(in, header, fileSize);
-        if (!points) return Outcome::failed(Failure::rejected);
+        if (!points) return Outcome::failed(Failure::rejected, in.lineNumber());
         writeSection(files.out, *points, header);
     }
     return files.finish();

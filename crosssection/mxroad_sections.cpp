@@ -85,7 +85,7 @@ Outcome importMxroadSections(const std::string& entrada, const std::string& ruxo
     if (!in.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     auto points = readSections(entrada, in);
     if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    if (!points) return Outcome::failed(Failure::rejected);
+    if (!points) return Outcome::failed(Failure::rejected, in.lineNumber());
     std::stable_sort(points->begin(), points->end(), [](const auto& a, const auto& b) {
         return compareByStationAndOffset(a, b) < 0;
     });

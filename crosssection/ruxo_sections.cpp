@@ -14,19 +14,50 @@ namespace quelcnv {
 
 namespace {
 
-void writeNevoPoint(OutputFile& out, std::string_view line) {
-    std::optional<SectionPoint> p = ruxoSectionPoint(line);
-    if (!p) return;
-    if (!p->code.empty())
-        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", p->station, p->offset, p->elevation, p->code);
+void writeNevoPoint(OutputFile& out, const SectionPoint& p) {
+    if (!p.code.empty())
+        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", p.station, p.offset, p.elevation, p.code);
     else
-        out.print("%0.3lf,%0.3lf,%0.3lf\n", p->station, p->offset, p->elevation);
+        out.print("%0.3lf,%0.3lf,%0.3lf\n", p.station, p.offset, p.elevation);
 }
 
-void writeFixedWidthPoint(OutputFile& out, std::string_view line) {
-    std::optional<SectionPoint> p = commaSectionPoint(line);
-    if (!p) return;
-    out.print("%8.3lf %8.3lf %8.3lf %s\n", p->station, p->offset, p->elevation, p->code);
+void writeFixedWidthPoint(OutputFile& out, const SectionPoint& p) {
+    out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+}
+
+// Counts the points written, and the sections: runs of points at one station.
+struct SectionCount {
+    std::size_t points = 0;
+    std::size_t sections = 0;
+    double station = 0.0;
+
+    void add(const SectionPoint& p) {
+        if (points++ == 0 || p.station != station) ++sections;
+        station = p.station;
+    }
+    Outcome counted(Outcome outcome) const {
+        return withCount(withCount(outcome, &Written::points, points), &Written::sections,
+                         sections);
+    }
+};
+
+// Point by point, line by line: memory does not grow with the input.
+Outcome convertPoints(const std::string& entrada, const std::string& salida,
+                      bool (*readLine)(LineReader&, std::string&),
+                      std::optional<SectionPoint> (*pointOf)(std::string_view),
+                      void (*write)(OutputFile&, const SectionPoint&)) {
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, salida);
+    if (!opened.ok()) return opened;
+    SectionCount count;
+    std::string line;
+    while (readLine(files.in, line)) {
+        std::optional<SectionPoint> p = pointOf(line);
+        if (!p) continue;
+        write(files.out, *p);
+        count.add(*p);
+    }
+    return count.counted(files.finish());
 }
 
 // The points of every line a read rule lets through.
@@ -73,23 +104,12 @@ SectionPoints readCommaSections(const std::string& path) {
 }
 
 Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
-    ConversionFiles files;
-    Outcome opened = files.open(entrada, salida);
-    if (!opened.ok()) return opened;
-    std::string line;
-    while (readLineBeforeEnd(files.in, line)) {
-        if (!line.empty()) writeNevoPoint(files.out, line);
-    }
-    return files.finish();
+    return convertPoints(entrada, salida, readLineBeforeEnd, ruxoSectionPoint, writeNevoPoint);
 }
 
 Outcome convertCommaSectionsToFixedWidth(const std::string& entrada, const std::string& salida) {
-    ConversionFiles files;
-    Outcome opened = files.open(entrada, salida);
-    if (!opened.ok()) return opened;
-    std::string line;
-    while (readLineThroughEnd(files.in, line)) writeFixedWidthPoint(files.out, line);
-    return files.finish();
+    return convertPoints(entrada, salida, readLineThroughEnd, commaSectionPoint,
+                         writeFixedWidthPoint);
 }
 
 }  // namespace quelcnv

@@ -17,11 +17,10 @@ using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxo
 // entrada, salida, pathAp: the importer into the scratch file, then the NEVO
 // writer from it.
 Outcome chainToNevo(Importer import, const Arguments& a, ScratchAfter after) {
-    return chainThroughScratch([&](const std::string& temp) { return import(a[0], temp); },
-                               [&](const std::string& temp) {
-                                   return convertRuxoAlignmentToNevo(temp, a[1], a[2]);
-                               },
-                               after);
+    return chainThroughScratch(
+        [&](const std::string& temp) { return import(a[0], temp); },
+        [&](const std::string& temp) { return convertRuxoAlignmentToNevo(temp, a[1], a[2]); },
+        after);
 }
 
 Outcome aruxo2nevo(Arguments& a) { return convertRuxoAlignmentToNevo(a[0], a[1], a[2]); }

@@ -1,5 +1,6 @@
 #include "frame/conversion.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -9,9 +10,6 @@
 namespace quelcnv {
 
 namespace {
-
-// Longest path the host's 256-byte buffers hold.
-constexpr std::size_t maxPathLength = 255;
 
 // The level book's own result for readings that cannot be opened.
 constexpr int levelBookInputUnreadable = 21;
@@ -33,9 +31,9 @@ Written merged(const Written& writer, const Written& importer) {
 }  // namespace
 
 const Conversion* findConversion(std::string_view name) {
-    const std::array families = {frameConversions(),           alignmentConversions(),
-                                 crossSectionConversions(),    profileConversions(),
-                                 fieldDataConversions(),       landXmlReadingConversions(),
+    const std::array families = {frameConversions(),         alignmentConversions(),
+                                 crossSectionConversions(),  profileConversions(),
+                                 fieldDataConversions(),     landXmlReadingConversions(),
                                  landXmlWritingConversions()};
     for (std::span<const Conversion> family : families)
         for (const Conversion& conversion : family)
@@ -49,7 +47,8 @@ int hostResult(HostResult rule, const Outcome& outcome) {
         case HostResult::alwaysDone: return 1;
         case HostResult::importer: return outcome.ok() || !outcome.inImport ? 1 : 0;
         case HostResult::readerFlag:
-            if (outcome.failure == Failure::inputUnreadable || outcome.failure == Failure::malformed)
+            if (outcome.failure == Failure::inputUnreadable ||
+                outcome.failure == Failure::malformed)
                 return 1;
             return outcome.ok() || !outcome.inImport ? 1 : 0;
         case HostResult::listWritten:
@@ -65,19 +64,49 @@ int hostResult(HostResult rule, const Outcome& outcome) {
     return 0;
 }
 
-EntryArgument pathArgument(const char* path) {
-    if (path == nullptr || ::strnlen(path, maxPathLength + 1) > maxPathLength) return {};
-    return {std::string(path)};
+bool isPathArgument(std::string_view name) {
+    return name == "entrada" || name == "salida" || name == "salida1" || name == "salida2" ||
+           name == "pathAp" || name == "lecturas" || name == "puntos";
 }
 
-EntryArgument textArgument(const char* text) {
+EntryArgument argumentOf(const char* text) {
     if (text == nullptr) return {};
     return {std::string(text)};
 }
 
-EntryArgument wholeArgument(int value) { return {std::to_string(value)}; }
+EntryArgument argumentOf(int value) { return {std::to_string(value)}; }
 
-int enterConversion(std::string_view name, std::initializer_list<EntryArgument> arguments) noexcept {
+namespace {
+
+// The argument names of each entry point, from the table of entry points.
+struct EntryShape {
+    std::string_view name;
+    std::string_view arguments;
+};
+
+#define QUELCNV_ENTRY(name, result, arguments, state, help) {#name, arguments},
+constexpr EntryShape entryShapes[] = {
+#include "entry_point_table.inc"
+};
+#undef QUELCNV_ENTRY
+
+// Whether the host's buffers could have held every argument.
+bool areUsable(std::string_view name, const Arguments& texts) {
+    std::string_view names;
+    for (const EntryShape& shape : entryShapes)
+        if (shape.name == name) names = shape.arguments;
+    for (const std::string& text : texts) {
+        std::string_view argument = names.substr(0, names.find(' '));
+        names.remove_prefix(std::min(names.size(), argument.size() + 1));
+        if (isPathArgument(argument) && text.size() > maxPathLength) return false;
+    }
+    return true;
+}
+
+}  // namespace
+
+int enterConversion(std::string_view name,
+                    std::initializer_list<EntryArgument> arguments) noexcept {
     try {
         const Conversion* conversion = findConversion(name);
         if (conversion == nullptr) return 0;
@@ -86,6 +115,7 @@ int enterConversion(std::string_view name, std::initializer_list<EntryArgument> 
             if (!argument.text) return 0;
             texts.push_back(*argument.text);
         }
+        if (!areUsable(name, texts)) return 0;
         try {
             return hostResult(conversion->result, conversion->run(texts));
         } catch (...) {

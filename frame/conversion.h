@@ -60,19 +60,25 @@ const Conversion* findConversion(std::string_view name);
 // becomes a result.
 int hostResult(HostResult rule, const Outcome& outcome);
 
-// An argument of an entry point as the host passes it, or nothing when the
-// host's buffers could not have held it: a NULL text, or a path over 255
-// bytes (a path is never cut short).
+// Longest path the host's 256-byte buffers hold.
+inline constexpr std::size_t maxPathLength = 255;
+
+// The arguments that name files (or the host's folder): entrada, salida,
+// salida1, salida2, pathAp, lecturas, puntos.
+bool isPathArgument(std::string_view name);
+
+// An argument of an entry point as the host passes it: nothing for a NULL
+// text.
 struct EntryArgument {
     std::optional<std::string> text;
 };
-EntryArgument pathArgument(const char* path);
-EntryArgument textArgument(const char* text);
-EntryArgument wholeArgument(int value);
+EntryArgument argumentOf(const char* text);
+EntryArgument argumentOf(int value);
 
-// What every entry point does: with an argument it cannot use it converts
-// nothing and gives 0; otherwise it runs the conversion and gives the host
-// its integer. Nothing escapes from it.
+// What every entry point does: with an argument it cannot use (NULL, or a
+// path over 255 bytes: a path is never cut short) it converts nothing and
+// gives 0; otherwise it runs the conversion and gives the host its integer.
+// Nothing escapes from it.
 int enterConversion(std::string_view name, std::initializer_list<EntryArgument> arguments) noexcept;
 
 // A conversion chained through a scratch file: importer from the input into

@@ -42,6 +42,6 @@ std::span<const Conversion> frameConversions() { return conversions; }
 extern "C" QUELCNV_API void QUELCNV_CALL MyDll_ReverseString(char* sMyString) {
     using namespace quelcnv;
     if (sMyString == nullptr) return;
-    enterConversion("ReverseString", {textArgument(sMyString)});
+    enterConversion("ReverseString", {argumentOf(sMyString)});
     std::memcpy(sMyString, sampleText, sizeof sampleText);
 }

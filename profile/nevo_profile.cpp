@@ -18,7 +18,7 @@ Outcome writeNevoProfile(const Profile& vertices, const std::string& salida) {
     // collectors load have always ended this way.
     const ProfileVertex& last = vertices.back();
     out.print("%0.3lf, %0.3lf, 0.000", last.station, last.elevation);
-    return out.complete();
+    return withCount(out.complete(), &Written::vertices, vertices.size());
 }
 
 }  // namespace quelcnv

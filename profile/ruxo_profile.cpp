@@ -43,7 +43,7 @@ void writeInner(OutputFile& out, const Profile& vertices, std::size_t i) {
 
 }  // namespace
 
-ProfileRead readProfileRead(const std::string& path) {
+ProfileRead readRuxoProfile(const std::string& path) {
     ProfileRead profile;
     LineReader reader;
     if (!reader.open(path)) {
@@ -64,7 +64,7 @@ ProfileRead readProfileRead(const std::string& path) {
 }
 
 Outcome convertRuxoProfileToVertexFile(const std::string& entrada, const std::string& salida) {
-    ProfileRead profile = readProfileRead(entrada);
+    ProfileRead profile = readRuxoProfile(entrada);
     if (!profile.outcome.ok()) return profile.outcome;
     const Profile& vertices = profile.vertices;
     if (vertices.empty()) return Outcome::failed(Failure::noData);
@@ -73,7 +73,7 @@ Outcome convertRuxoProfileToVertexFile(const std::string& entrada, const std::st
     writeEnd(out, vertices.front());
     for (std::size_t i = 1; i + 1 < vertices.size(); ++i) writeInner(out, vertices, i);
     writeEnd(out, vertices.back());
-    return out.complete();
+    return withCount(out.complete(), &Written::vertices, vertices.size());
 }
 
 }  // namespace quelcnv

@@ -64,7 +64,7 @@ Outcome writeVelmProfile(const Profile& vertices, const std::string& salida) {
         out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n", vertex.station, vertex.elevation,
                   vertex.kv, vertex.tangent, vertex.external);
     }
-    return out.complete();
+    return withCount(out.complete(), &Written::vertices, vertices.size());
 }
 
 }  // namespace quelcnv

@@ -101,21 +101,77 @@ TEST_F(CommandTest, UsageErrorsExitWithTwo) {
     EXPECT_NE(run({"velm2arcview", "a"}).err.find("necesita 2 argumentos"), std::string::npos);
 }
 
-TEST_F(CommandTest, MissingInputExitsWithThreeAndUnavailableWithOne) {
-    CommandRun missing = run({"velm2arcview", file("missing.txt"), file("out.txt")});
-    EXPECT_EQ(missing.status, 3);
-    EXPECT_NE(missing.err.find("no se puede abrir el fichero de entrada: " + file("missing.txt")),
-              std::string::npos);
-    test::writeBytes(file("input.txt"), "1\n");
-    const std::vector<std::string> unavailableRuns[] = {
-        {"velm2arcview", file("input.txt"), file("out.txt")},
-        {"clipST2ruxo", file("input.txt"), file("out1.txt"), file("out2.txt")}};
-    for (const std::vector<std::string>& words : unavailableRuns) {
-        CommandRun unavailable = run(words);
-        EXPECT_EQ(unavailable.status, 1) << words[0];
-        EXPECT_NE(unavailable.err.find("no esta disponible"), std::string::npos) << words[0];
+// Every message comes from the conversion's outcome: the reason, the file it
+// concerns, the line where the converter found it, or what was written.
+TEST_F(CommandTest, SaysWhyNamingTheFile) {
+    const std::string ruxo = test::testData("crosssection/eje.ruxo").string();
+    const std::string host = test::testData("alignment/host").string();
+    test::writeBytes(file("commas.txt"), ",,,,\n,, ,\n");
+    test::writeBytes(file("blanks.txt"), " \t \n\n");
+    test::writeBytes(file("counts.istram"), "4 1 0 0 100 0\n0 0 0 -1 2\n");
+    const std::string commas = file("commas.txt"), out = file("out.txt");
+    struct Case {
+        std::vector<std::string> words;
+        int status;
+        std::string says;
+    };
+    const std::vector<Case> cases = {
+        {{"ruxo2nevo", ruxo, out}, 0, "2 secciones, 4 puntos -> " + out},
+        {{"ruxo2nevo", file("missing"), out},
+         3,
+         "no se puede leer el fichero de entrada: " + file("missing")},
+        {{"ruxo2nevo", ruxo, file("no/such/folder.nev")},
+         1,
+         "no se puede escribir el fichero de salida: " + file("no/such/folder.nev")},
+        {{"aistram2nevo", commas, out, host},
+         1,
+         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+        {{"istram2nevo", commas, out},
+         1,
+         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+        {{"rvelm2nevo", file("blanks.txt"), out},
+         1,
+         "no se ha reconocido ningun dato en el fichero de entrada: " + file("blanks.txt")},
+        {{"puntos2nevo", commas, out},
+         1,
+         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+        {{"seleccionaEjeLandXML", commas},
+         1,
+         "el documento XML no esta bien formado (linea 1): " + commas},
+        {{"istram2nevo", file("counts.istram"), out},
+         1,
+         "el fichero de entrada no tiene el formato esperado (linea 2): " + file("counts.istram")},
+        {{"alandxml2nevo", "-1", commas, out, host}, 2, "selec no puede ser negativo"},
+        {{"velm2arcview", file("missing"), out},
+         1,
+         "la conversion velm2arcview no esta disponible en esta version"},
+        {{"clipST2ruxo", commas, out, file("out2.txt")},
+         1,
+         "la conversion clipST2ruxo no esta disponible en esta version"},
+    };
+    for (const Case& c : cases) {
+        CommandRun ran = run(c.words);
+        EXPECT_EQ(ran.status, c.status) << c.words[0] << " " << ran.err;
+        EXPECT_EQ(ran.err, "quelcnv: " + c.says + "\n") << c.words[0];
     }
+    EXPECT_EQ(run({"--silencio", "ruxo2nevo", ruxo, out}).err, "");
 }
+
+#ifndef _WIN32
+// A device that takes no byte more, and a pipe: the command reads its input
+// once, as the converter does, and says which file failed.
+TEST_F(CommandTest, FullDeviceAndPipes) {
+    const std::string ruxo = test::testData("crosssection/eje.ruxo").string();
+    CommandRun full = run({"ruxo2nevo", ruxo, "/dev/full"});
+    EXPECT_EQ(full.status, 1);
+    EXPECT_EQ(full.err, "quelcnv: no se puede escribir el fichero de salida: /dev/full\n");
+    std::string command = "cat '" + ruxo + "' | '" + std::string(QUELCNV_COMMAND) +
+                          "' --silencio ruxo2nevo /dev/stdin '" + file("piped.nev") + "'";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    EXPECT_EQ(run({"ruxo2nevo", ruxo, file("direct.nev")}).status, 0);
+    EXPECT_EQ(test::readBytes(file("piped.nev")), test::readBytes(file("direct.nev")));
+}
+#endif
 
 TEST_F(CommandTest, ReverseStringPrintsItsBufferAndUsesTheScratchOption) {
     CommandRun sample = run({"--crlf", "--scratch", file("elsewhere"), "ReverseString", "abc"});

@@ -1,0 +1,33 @@
+// What the command says of a conversion: its exit status and one Spanish
+// line naming the file and the reason (and the line of the input, where the
+// converter found one), or, after a good conversion, what it wrote.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/operations.h"
+#include "common/outcome.h"
+
+namespace quelcnv::cli {
+
+namespace exits {
+enum ExitStatus { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNoInput = 3 };
+}  // namespace exits
+
+struct Report {
+    int status = exits::exitDone;
+    std::string message;
+};
+
+// The report of the outcome of op run on arguments. A conversion that ends
+// well but wrote nothing it recognised fails for the command (status 1),
+// though its entry point's result stays what the host expects.
+Report reportOf(const Operation& op, const std::vector<std::string>& arguments,
+                const Outcome& outcome);
+
+// "12 secciones, 340 puntos", or "5 lineas" when nothing more is counted;
+// empty when nothing was written.
+std::string describeWritten(const Written& written);
+
+}  // namespace quelcnv::cli
