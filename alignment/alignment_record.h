@@ -16,7 +16,7 @@ struct AlignmentRecord {
     double station = 0.0;    // chainage of the key point, metres
     double x = 0.0;          // first plane coordinate
     double y = 0.0;          // second plane coordinate
-    double aux = 0.0;        // 0 but where the arc splitting sets it
+    double aux = 0.0;        // always 0: no reader sets it and no output carries it
     double azimuth = 0.0;    // tangent direction, grads
     double radius = 0.0;     // signed: positive turns towards growing azimuths; 0 straight
     double parameter = 0.0;  // clothoid parameter A; 0 for a straight or an arc

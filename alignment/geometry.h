@@ -16,8 +16,8 @@ inline constexpr double gradsToRadians = 0.015707963267948967;      // pi / 200
 inline constexpr double halfGradsToRadians = 0.007853981633974483;  // pi / 400
 inline constexpr double radiansToGrads = 63.66197723675814;         // 200 / pi
 
-// The angle brought into [0, 400). A result above 399.99995 is 0, on purpose:
-// an azimuth a hair below a full turn is written as 0.
+// The angle brought into [0, 400). A result above 399.99995 is 0: an azimuth
+// a hair below a full turn is written as 0, as the collectors expect it.
 double normalizeGrads(double angle);
 
 // The point at that distance from base along the azimuth.

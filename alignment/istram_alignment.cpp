@@ -79,7 +79,8 @@ void completeRecords(std::vector<AlignmentRecord>& records) {
         const AlignmentRecord& next = records[i + 1];
         record.length = next.station - record.station;
         // A clothoid takes the radius of the curve it leads into; one listed
-        // with a negative parameter keeps its own radius, on purpose.
+        // with a negative parameter keeps its own radius, as the alignments
+        // imported from ISTRAM always have.
         if (record.parameter > 0) record.radius = next.radius;
         if (record.length == 0) {  // a zero-length element becomes a straight
             record.parameter = 0;

@@ -1,6 +1,6 @@
 // Importer of the free-format element listing of ISTRAM into the RUXO
-// alignment file. It takes at most 500 key points and, deliberately, only the
-// straights of the listing.
+// alignment file. It takes at most 500 key points and only the straights of
+// the listing, as the host's users have always received from it.
 #pragma once
 
 #include <string>

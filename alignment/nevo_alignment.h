@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "alignment/alignment_record.h"
+#include "alignment/arc_splitting.h"
 #include "common/outcome.h"
 
 namespace quelcnv {
@@ -19,11 +20,6 @@ enum class NevoForm { elements, intersectionPoints };
 // a whole number at least the RUXO file's line count; intersection points
 // otherwise (no settings file, another shape, a smaller number).
 NevoForm chooseNevoForm(const std::string& ruxoPath, const std::string& hostFolder);
-
-// Splits every arc that turns through 200 grads or more at its middle station
-// until none is left, keeping the records sorted by station; capacity bounds
-// the number of records.
-void splitLongArcs(std::vector<AlignmentRecord>& records, std::size_t capacity);
 
 // Both forms fail without creating salida when the RUXO file cannot be read
 // or holds no record.

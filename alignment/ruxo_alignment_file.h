@@ -12,7 +12,8 @@
 namespace quelcnv {
 
 // Lines starting with "*": the intersection-point writer skips them as
-// comments; the element writer, deliberately, reads them as numbers.
+// comments; the element writer reads them as numbers, as its files have
+// always been made.
 enum class CommentLines { skipped, readAsNumbers };
 
 struct AlignmentFile {
@@ -24,7 +25,8 @@ struct AlignmentFile {
 };
 
 // Reads a RUXO alignment file: blanks and tabs between fields, any number of
-// decimals. A last line without a line break is ignored on purpose; an empty
+// decimals. A last line without a line break is ignored, as the NEVO files
+// made from RUXO files have always left it out; an empty
 // line, and a line with fewer than six numbers, are skipped. The type follows
 // from the parameter and the radius. Fails when the file cannot be opened or
 // holds no complete record.

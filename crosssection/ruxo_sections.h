@@ -15,7 +15,8 @@ namespace quelcnv {
 
 // RUXO to NEVO: "%0.3lf,%0.3lf,%0.3lf" and ",code" when the line has a code
 // word. A line with fewer than three fields gives nothing, and a last line
-// without a line break is never converted, on purpose. Line by line: memory
+// without a line break is never converted, as the NEVO files made from RUXO
+// files have always left it out. Line by line: memory
 // does not grow with the input.
 Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida);
 

@@ -15,8 +15,9 @@ namespace {
 
 constexpr std::string_view observationSeparators = " ,\t\n";
 
-// The bare word "ruxo", in any letter case, is no point code for Medrix and
-// is written blank; deliberately only the bare word ("ruxo12" stays).
+// The bare word "ruxo", in any letter case, is the collector's placeholder,
+// no point code for Medrix, and is written blank; only the bare word
+// ("ruxo12" is a code and stays).
 bool isRuxoCode(std::string_view code) { return equalsIgnoringCase(code, "ruxo"); }
 
 // Station, point and five numbers, then an optional code; a line with fewer

@@ -19,8 +19,8 @@ constexpr double unknownLength = -987654.0;
 constexpr double unknownAzimuth = -543210.0;
 // Longer point texts are not read at all.
 constexpr std::size_t longestPointText = 127;
-// A full turn in radians as the arc lengths are measured: this rounded value,
-// on purpose.
+// A full turn in radians as the arc lengths are measured: this rounded
+// value, which the lengths in the collectors' files have always come from.
 constexpr double fullTurnRadians = 6.283185308;
 
 constexpr char clothoidAtStart[] =
@@ -219,7 +219,8 @@ void AlignmentReader::completeDirection() {
 
 // A clothoid's length is never worked out. An arc's is measured from the
 // angles of its ends within one turn, so an arc whose ends lie on both sides
-// of north is measured the long way round, on purpose.
+// of north is measured the long way round: kept, as the stations of the
+// alignments already set out from such documents depend on it.
 void AlignmentReader::completeLength() {
     if (element_.type == straightElement) {
         PlanePoint a = point(startPoint);

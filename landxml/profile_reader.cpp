@@ -92,7 +92,8 @@ private:
 };
 
 // A CircCurve gives its length as its first attribute, whatever its name:
-// the position is what counts, on purpose.
+// the position is what counts, as in the documents the host has always
+// exchanged.
 void ProfileReader::startElement(std::string_view name, const XmlAttributes& attributes) {
     curveLength_ = 0.0;
     circular_ = false;
@@ -118,7 +119,8 @@ void ProfileReader::startElement(std::string_view name, const XmlAttributes& att
 }
 
 // The whole profile is worked out by one rule: circles when the last element
-// the document started was a CircCurve, parabolas otherwise, on purpose.
+// the document started was a CircCurve, parabolas otherwise; the vertex
+// files the collectors received have always been computed so.
 void ProfileReader::endDocument() {
     for (std::size_t i = 1; i < vertices_.size(); ++i) {
         if (circular_)
