@@ -44,19 +44,19 @@ void moveCurvesBack(std::vector<AlignmentRecord>& records) {
     records.back().parameter = 0;
 }
 
-}  // namespace
-
-Outcome importClipPltAlignment(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
+// One key point for each line of six numbers.
+std::vector<AlignmentRecord> readKeyPoints(LineReader& reader) {
     std::vector<AlignmentRecord> records;
     std::string line;
     while (readLineThroughEnd(reader, line))
         if (auto record = parseKeyPoint(line)) records.push_back(*record);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    moveCurvesBack(records);
-    return writeAlignmentFile(records, salida);
+    return records;
+}
+
+}  // namespace
+
+Outcome importClipPltAlignment(const std::string& entrada, const std::string& salida) {
+    return importAlignment(entrada, salida, readKeyPoints, moveCurvesBack);
 }
 
 }  // namespace quelcnv

@@ -119,13 +119,7 @@ void completeRecords(std::vector<AlignmentRecord>& records) {
 }  // namespace
 
 Outcome importIspolAlignment(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    std::vector<AlignmentRecord> records = readElements(reader);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    completeRecords(records);
-    return writeAlignmentFile(records, salida);
+    return importAlignment(entrada, salida, readElements, completeRecords);
 }
 
 }  // namespace quelcnv

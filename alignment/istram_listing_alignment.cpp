@@ -115,13 +115,7 @@ void takeNextRadius(std::vector<AlignmentRecord>& records) {
 }  // namespace
 
 Outcome importIstramListingAlignment(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    std::vector<AlignmentRecord> records = readListing(reader);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    takeNextRadius(records);
-    return writeAlignmentFile(records, salida);
+    return importAlignment(entrada, salida, readListing, takeNextRadius);
 }
 
 }  // namespace quelcnv

@@ -67,4 +67,12 @@ Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const st
     return withCount(out.complete(), &Written::records, records.size());
 }
 
+Outcome importAlignment(const std::string& entrada, const std::string& salida, RecordReader read,
+                        RecordCompletion complete) {
+    std::optional<std::vector<AlignmentRecord>> records = readWhole(entrada, read);
+    if (!records) return Outcome::failed(Failure::inputUnreadable);
+    complete(*records);
+    return writeAlignmentFile(*records, salida);
+}
+
 }  // namespace quelcnv

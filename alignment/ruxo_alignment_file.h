@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "alignment/alignment_record.h"
+#include "common/line_reader.h"
 #include "common/outcome.h"
 
 namespace quelcnv {
@@ -31,6 +32,16 @@ struct AlignmentFile {
 // from the parameter and the radius. Fails when the file cannot be opened or
 // holds no complete record.
 AlignmentFile readAlignmentFile(const std::string& path, CommentLines comments);
+
+// What every alignment importer does: reads the records of entrada,
+// completes them (lengths, radii, types, as its format needs), and writes them
+// as the RUXO file salida. Fails with inputUnreadable, leaving salida
+// untouched, when entrada cannot be opened or read, and with
+// outputUnwritable.
+using RecordReader = std::vector<AlignmentRecord> (*)(LineReader& reader);
+using RecordCompletion = void (*)(std::vector<AlignmentRecord>& records);
+Outcome importAlignment(const std::string& entrada, const std::string& salida, RecordReader read,
+                        RecordCompletion complete);
 
 // Writes the records with "%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n":
 // station, x, y, azimuth, parameter, radius (the parameter before the radius,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "common/line_reader.h"
 #include "common/outcome.h"
@@ -20,5 +21,20 @@ struct ConversionFiles {
     // output, which is removed on failure.
     Outcome finish();
 };
+
+// Converts line by line: every line the read rule lets through goes to
+// convert, which writes what it makes of it. Memory does not grow with the
+// input. Fails as ConversionFiles does.
+using LineRule = bool (*)(LineReader& reader, std::string& line);
+template <typename Convert>
+Outcome convertLineByLine(const std::string& entrada, const std::string& salida, LineRule readLine,
+                          Convert&& convert) {
+    ConversionFiles files;
+    Outcome opened = files.open(entrada, salida);
+    if (!opened.ok()) return opened;
+    std::string line;
+    while (readLine(files.in, line)) convert(files.out, std::string_view(line));
+    return files.finish();
+}
 
 }  // namespace quelcnv

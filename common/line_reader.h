@@ -4,8 +4,10 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace quelcnv {
@@ -78,6 +80,18 @@ bool readLineBeforeEnd(LineReader& reader, std::string& text);
 // The read that meets the end of the file is used too: false only when a
 // read delivered nothing.
 bool readLineThroughEnd(LineReader& reader, std::string& text);
+
+// What read takes from the file at path, or nothing when the file cannot be
+// opened or read: the one shape of every reader that takes a whole file.
+template <typename Read>
+auto readWhole(const std::string& path, Read read)
+    -> std::optional<decltype(read(std::declval<LineReader&>()))> {
+    LineReader reader;
+    if (!reader.open(path)) return std::nullopt;
+    auto taken = read(reader);
+    if (reader.readFailed()) return std::nullopt;
+    return taken;
+}
 
 // Number of line reads before the end of the file, plus one: a file of four
 // LF-ended lines gives 5, an empty file 1. Callers size their record arrays

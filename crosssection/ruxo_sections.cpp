@@ -46,18 +46,14 @@ Outcome convertPoints(const std::string& entrada, const std::string& salida,
                       bool (*readLine)(LineReader&, std::string&),
                       std::optional<SectionPoint> (*pointOf)(std::string_view),
                       void (*write)(OutputFile&, const SectionPoint&)) {
-    ConversionFiles files;
-    Outcome opened = files.open(entrada, salida);
-    if (!opened.ok()) return opened;
     SectionCount count;
-    std::string line;
-    while (readLine(files.in, line)) {
-        std::optional<SectionPoint> p = pointOf(line);
-        if (!p) continue;
-        write(files.out, *p);
-        count.add(*p);
-    }
-    return count.counted(files.finish());
+    return count.counted(
+        convertLineByLine(entrada, salida, readLine, [&](OutputFile& out, std::string_view line) {
+            std::optional<SectionPoint> p = pointOf(line);
+            if (!p) return;
+            write(out, *p);
+            count.add(*p);
+        }));
 }
 
 // The points of every line a read rule lets through.

@@ -52,6 +52,14 @@ std::int32_t millimetres(double z) {
 // The plus sign is written whatever the sign of the height, so a height
 // below zero comes out as "+-": kept deliberately, as the upload files have
 // always been written.
+std::vector<LevelPoint> readPoints(LineReader& reader) {
+    std::vector<LevelPoint> points;
+    std::string line;
+    while (readLineBeforeEnd(reader, line))
+        if (std::optional<LevelPoint> point = parsePoint(line)) points.push_back(*point);
+    return points;
+}
+
 void writePoints(OutputFile& out, const std::vector<LevelPoint>& points) {
     for (const LevelPoint& point : points)
         out.print("z,01,%s,,,+%d,%s\n", point.name, millimetres(point.z), point.code);
@@ -62,18 +70,9 @@ void writePoints(OutputFile& out, const std::vector<LevelPoint>& points) {
 // Reads all points first, then writes them; the read that meets the end of
 // the file is not used, so a last point without a line break is lost.
 Outcome convertPointsToLevelUpload(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    std::vector<LevelPoint> points;
-    std::string line;
-    while (readLineBeforeEnd(reader, line))
-        if (std::optional<LevelPoint> point = parsePoint(line)) points.push_back(*point);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    OutputFile out;
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    writePoints(out, points);
-    return out.complete();
+    std::optional<std::vector<LevelPoint>> points = readWhole(entrada, readPoints);
+    if (!points) return Outcome::failed(Failure::inputUnreadable);
+    return writeWholeFile(salida, [&](OutputFile& out) { writePoints(out, *points); });
 }
 
 }  // namespace quelcnv

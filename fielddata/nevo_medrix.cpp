@@ -3,6 +3,7 @@
 #include <array>
 #include <string_view>
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -42,17 +43,7 @@ void writeObservation(OutputFile& out, std::string_view line) {
 // Streams line by line; the read that meets the end of the file is not
 // used, so a last line without a line break is not converted.
 Outcome convertNevoToMedrix(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    std::string line;
-    while (readLineBeforeEnd(reader, line)) writeObservation(out, line);
-    if (reader.readFailed()) {
-        out.discard();
-        return Outcome::failed(Failure::inputUnreadable);
-    }
-    return out.complete();
+    return convertLineByLine(entrada, salida, readLineBeforeEnd, writeObservation);
 }
 
 }  // namespace quelcnv

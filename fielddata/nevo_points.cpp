@@ -4,6 +4,7 @@
 #include <optional>
 #include <string_view>
 
+#include "common/conversion_files.h"
 #include "common/line_reader.h"
 #include "common/numbers.h"
 #include "common/output_file.h"
@@ -37,17 +38,7 @@ void writePoint(OutputFile& out, std::string_view line) {
 // Streams line by line; the read that meets the end of the file is not
 // used, so a last point without a line break is not converted.
 Outcome convertPointsToNevo(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    OutputFile out;
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    std::string line;
-    while (readLineBeforeEnd(reader, line)) writePoint(out, line);
-    if (reader.readFailed()) {
-        out.discard();
-        return Outcome::failed(Failure::inputUnreadable);
-    }
-    return out.complete();
+    return convertLineByLine(entrada, salida, readLineBeforeEnd, writePoint);
 }
 
 }  // namespace quelcnv

@@ -44,6 +44,13 @@ void readHeaderLine(std::string_view line, RoboticHeader& header) {
         readJob(tokens, header);
 }
 
+RoboticHeader readHeader(LineReader& reader) {
+    RoboticHeader header;
+    std::string line;
+    while (readLineBeforeEnd(reader, line)) readHeaderLine(line, header);
+    return header;
+}
+
 }  // namespace
 
 void shiftLeadingBlanks(std::string& text) {
@@ -57,18 +64,13 @@ void shiftLeadingBlanks(std::string& text) {
 // The read that meets the end of the file is not used, so a last record
 // without a line break is passed over.
 Outcome convertRoboticHeader(const std::string& lecturas, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(lecturas)) return Outcome::failed(Failure::inputUnreadable);
-    RoboticHeader header;
-    std::string line;
-    while (readLineBeforeEnd(reader, line)) readHeaderLine(line, header);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    for (std::string* value : {&header.job, &header.date, &header.time}) shiftLeadingBlanks(*value);
-    OutputFile out;
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    out.print("%s\n%s\n%s\n", header.job, header.date, header.time);
-    return out.complete();
+    std::optional<RoboticHeader> header = readWhole(lecturas, readHeader);
+    if (!header) return Outcome::failed(Failure::inputUnreadable);
+    for (std::string* value : {&header->job, &header->date, &header->time})
+        shiftLeadingBlanks(*value);
+    return writeWholeFile(salida, [&](OutputFile& out) {
+        out.print("%s\n%s\n%s\n", header->job, header->date, header->time);
+    });
 }
 
 }  // namespace quelcnv

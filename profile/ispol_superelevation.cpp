@@ -53,12 +53,9 @@ std::vector<SuperelevationRow> readRows(LineReader& reader) {
 }  // namespace
 
 Outcome convertIspolSuperelevation(const std::string& entrada, const std::string& salida) {
-    LineReader reader;
-    if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
-    std::vector<SuperelevationRow> rows = readRows(reader);
-    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
-    reader.close();
-    return writeSuperelevationFile(rows, salida);
+    std::optional<std::vector<SuperelevationRow>> rows = readWhole(entrada, readRows);
+    if (!rows) return Outcome::failed(Failure::inputUnreadable);
+    return writeSuperelevationFile(*rows, salida);
 }
 
 }  // namespace quelcnv
