@@ -10,7 +10,7 @@
 namespace quelcnv::cli {
 
 enum class ResultKind { none, integer };
-enum class Availability { built, pending, unavailable };
+enum class Availability { built, unavailable };
 
 // The address of an entry point, whatever its signature, as a program that
 // loads the library finds it; each operation knows the signature to call.

@@ -110,6 +110,7 @@ private:
     PlanePoint point(PointElement p) const { return {points_[p].x, points_[p].y}; }
 
     void startAlignment(const XmlAttributes& attributes);
+    void readStationAndLength(const XmlAttributes& attributes);
     void startLine(const XmlAttributes& attributes);
     void startCurve(const XmlAttributes& attributes);
     void startSpiral(const XmlAttributes& attributes);
@@ -142,12 +143,18 @@ void AlignmentReader::startAlignment(const XmlAttributes& attributes) {
     alignmentLength_ = getAttributeNumber(attributes, "length").value_or(unknownLength);
 }
 
-void AlignmentReader::startLine(const XmlAttributes& attributes) {
-    element_ = GeometryElement{};
-    element_.type = straightElement;
+// The station and length a line or an arc gives, its direction (and, with
+// no length given, its length) to be worked out from its points.
+void AlignmentReader::readStationAndLength(const XmlAttributes& attributes) {
     element_.station = getAttributeNumber(attributes, "staStart").value_or(0.0);
     element_.length = getAttributeNumber(attributes, "length").value_or(unknownLength);
     element_.azimuth = unknownAzimuth;
+}
+
+void AlignmentReader::startLine(const XmlAttributes& attributes) {
+    element_ = GeometryElement{};
+    element_.type = straightElement;
+    readStationAndLength(attributes);
 }
 
 void AlignmentReader::startCurve(const XmlAttributes& attributes) {
@@ -158,9 +165,7 @@ void AlignmentReader::startCurve(const XmlAttributes& attributes) {
     // worked out for it.
     if (!radius) return;
     element_.radius = getAttributeText(attributes, "rot") == "ccw" ? -*radius : *radius;
-    element_.station = getAttributeNumber(attributes, "staStart").value_or(0.0);
-    element_.length = getAttributeNumber(attributes, "length").value_or(unknownLength);
-    element_.azimuth = unknownAzimuth;
+    readStationAndLength(attributes);
 }
 
 // A radius of 0 is infinite; "INF", being no number, reads as 0 too.

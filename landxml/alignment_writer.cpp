@@ -115,18 +115,13 @@ void writeElement(XmlWriter& writer, const Records& records, std::size_t i) {
 }
 
 void writeAlignment(XmlWriter& writer, const Records& records, const std::string& name) {
-    writer.clearAttributes();
-    writer.writeStartElement("Alignments");
-    writer.addTextAttribute("name", name, TextSource::fileName);
-    writer.addNumberAttribute("staStart", records.front().station, 3);
-    writer.addNumberAttribute("length", records.back().station - records.front().station, 3);
-    writer.writeStartElement("Alignment");
+    writeAlignmentStart(writer, name, records.front().station,
+                        records.back().station - records.front().station);
     writer.clearAttributes();
     writer.writeStartElement("CoordGeom");
     for (std::size_t i = 0; i + 1 < records.size(); ++i) writeElement(writer, records, i);
     writer.writeEndElement("CoordGeom");
-    writer.writeEndElement("Alignment");
-    writer.writeEndElement("Alignments");
+    writeAlignmentEnd(writer);
 }
 
 }  // namespace

@@ -34,12 +34,8 @@ std::vector<Section> sectionsOf(const std::vector<SectionPoint>& points) {
 void writeSections(XmlWriter& writer, const std::vector<Section>& sections,
                    const std::vector<SectionPoint>& points, const std::string& alignment,
                    const std::string& surface) {
-    writer.clearAttributes();
-    writer.writeStartElement("Alignments");
-    writer.addTextAttribute("name", alignment, TextSource::fileName);
-    writer.addNumberAttribute("staStart", points.front().station, 3);
-    writer.addNumberAttribute("length", points.back().station - points.front().station, 3);
-    writer.writeStartElement("Alignment");
+    writeAlignmentStart(writer, alignment, points.front().station,
+                        points.back().station - points.front().station);
     writer.clearAttributes();
     writer.writeStartElement("CrossSects");
     for (const Section& section : sections) {
@@ -57,8 +53,7 @@ void writeSections(XmlWriter& writer, const std::vector<Section>& sections,
         writer.writeEndElement("CrossSect");
     }
     writer.writeEndElement("CrossSects");
-    writer.writeEndElement("Alignment");
-    writer.writeEndElement("Alignments");
+    writeAlignmentEnd(writer);
 }
 
 }  // namespace
@@ -71,7 +66,8 @@ Outcome writeLandXmlSections(const std::vector<SectionPoint>& points,
     std::string surface = baseName(surfaceName);
     std::vector<Section> sections = sectionsOf(points);
     Outcome written = writeLandXmlDocument(
-        salida, [&](XmlWriter& writer) { writeSections(writer, sections, points, alignment, surface); },
+        salida,
+        [&](XmlWriter& writer) { writeSections(writer, sections, points, alignment, surface); },
         clock);
     if (!written.ok()) return written;
     written.written.points = static_cast<long>(points.size());

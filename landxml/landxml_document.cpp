@@ -77,6 +77,21 @@ std::string landxmlTime(const std::tm& time) {
     return formatText("%02d:%02d:%02d", time.tm_hour, time.tm_min, time.tm_sec);
 }
 
+void writeAlignmentStart(XmlWriter& writer, const std::string& name, double staStart,
+                         double length) {
+    writer.clearAttributes();
+    writer.writeStartElement("Alignments");
+    writer.addTextAttribute("name", name, TextSource::fileName);
+    writer.addNumberAttribute("staStart", staStart, 3);
+    writer.addNumberAttribute("length", length, 3);
+    writer.writeStartElement("Alignment");
+}
+
+void writeAlignmentEnd(XmlWriter& writer) {
+    writer.writeEndElement("Alignment");
+    writer.writeEndElement("Alignments");
+}
+
 Outcome writeLandXmlDocument(const std::string& salida,
                              const std::function<void(XmlWriter&)>& content, const Clock& clock) {
     return writeWholeFile(salida, [&](OutputFile& out) {

@@ -27,6 +27,13 @@ std::string landxmlDate(const std::tm& time);
 // "09:04:07".
 std::string landxmlTime(const std::tm& time);
 
+// Opens Alignments and within it the one Alignment of a written document,
+// named after a file: its staStart and length with three decimals; and
+// closes both.
+void writeAlignmentStart(XmlWriter& writer, const std::string& name, double staStart,
+                         double length);
+void writeAlignmentEnd(XmlWriter& writer);
+
 // Creates salida and writes a whole document: the frame, then what content
 // writes inside the root, then the end of the root and a line feed. The
 // declaration is "<?xml version=\"1.0\"?>", naming no encoding. The maker's

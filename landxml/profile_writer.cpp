@@ -17,12 +17,8 @@ void writeVertex(XmlWriter& writer, const ProfileVertex& vertex, bool withCurve)
 }
 
 void writeProfile(XmlWriter& writer, const Profile& vertices, const std::string& name) {
-    writer.clearAttributes();
-    writer.writeStartElement("Alignments");
-    writer.addTextAttribute("name", name, TextSource::fileName);
-    writer.addNumberAttribute("staStart", vertices.front().station, 3);
-    writer.addNumberAttribute("length", vertices.back().station - vertices.front().station, 3);
-    writer.writeStartElement("Alignment");
+    writeAlignmentStart(writer, name, vertices.front().station,
+                        vertices.back().station - vertices.front().station);
     writer.clearAttributes();
     writer.writeStartElement("Profile");
     writer.addTextAttribute("name", name, TextSource::fileName);
@@ -33,8 +29,7 @@ void writeProfile(XmlWriter& writer, const Profile& vertices, const std::string&
     }
     writer.writeEndElement("ProfAlign");
     writer.writeEndElement("Profile");
-    writer.writeEndElement("Alignment");
-    writer.writeEndElement("Alignments");
+    writeAlignmentEnd(writer);
 }
 
 }  // namespace

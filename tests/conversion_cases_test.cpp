@@ -1,20 +1,14 @@
-// Every conversion listed in tests/data/<family>/cases.txt, run through its
-// entry point, once as written and once with CR LF line ends in its inputs,
-// which must give the same results and outputs. A case is one line:
-//   <result> <operation> <argument>...
-//   %path   an input file under tests/data
-//   =path   a folder under tests/data, passed as it stands (the host's folder)
-//   @path   the output, which holds "sin tocar" beforehand; afterwards it must
-//           equal tests/data/path, or, for "@-", still hold "sin tocar"
-//   +path   a file the conversion writes beside its output, under the file
-//           name of path; it must equal tests/data/path
-//   $path   the selection list the conversion writes in the scratch folder;
-//           it must equal tests/data/path
-//   other   passed as it stands ("double quotes" around a word with blanks)
-// Lines starting with "#" and empty lines are comments. With
-// QUELCNV_WRITE_EXPECTED set to a family ("profile"), that family's outputs
-// are written to its expected files instead: for adding cases, whose
-// outputs must then be read and checked.
+// Every conversion listed in tests/data/<family>/cases.txt (the syntax is in
+// tests/data/README.md), each line a test of its own named after its family,
+// line and operation ("--gtest_filter=*landxml_12_*" runs one). A case runs
+// through its entry point once as written and once with CR LF line ends in
+// its inputs, which must give the same result and outputs. A differing
+// output is reported with its first differing line and byte offset.
+//
+// With QUELCNV_WRITE_EXPECTED set to a family ("profile"), that family's
+// outputs are written to its expected files instead, as they are (run it
+// where outputs end their lines with LF): for adding cases, whose outputs
+// must then be read and checked.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -31,17 +25,53 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view untouched = "sin tocar\n";
+constexpr const char* families[] = {"alignment", "crosssection", "profile", "fielddata", "landxml"};
+
+struct Case {
+    std::string family;
+    int number;        // line of cases.txt
+    std::string line;  // the case as written
+};
 
 struct Expectation {
     fs::path written;   // in the test's folder
     fs::path expected;  // under tests/data; empty: the output stays untouched
 };
 
-class ConversionCasesTest : public test::FolderTest {
+std::vector<Case> listedCases() {
+    std::vector<Case> cases;
+    for (const char* family : families) {
+        std::ifstream in(test::testData(family) / "cases.txt");
+        int number = 0;
+        for (std::string line; std::getline(in, line);) {
+            ++number;
+            if (!line.empty() && line[0] != '#') cases.push_back({family, number, line});
+        }
+    }
+    return cases;
+}
+
+// "landxml_12_alandxml2nevoWCE": the family, the line and the operation.
+std::string caseName(const testing::TestParamInfo<Case>& info) {
+    std::istringstream words(info.param.line);
+    std::string result, operation;
+    words >> result >> operation;
+    return info.param.family + "_" + std::to_string(info.param.number) + "_" + operation;
+}
+
+// Where two texts first differ: line and byte offset, both from 1.
+std::string firstDifference(const std::string& got, const std::string& expected) {
+    std::size_t at = 0;
+    while (at < got.size() && at < expected.size() && got[at] == expected[at]) ++at;
+    long line = 1 + std::count(expected.begin(), expected.begin() + static_cast<long>(at), '\n');
+    return "first difference at line " + std::to_string(line) + ", byte " + std::to_string(at + 1);
+}
+
+class ConversionCasesTest : public test::FolderTest, public testing::WithParamInterface<Case> {
 protected:
-    // Runs one case; with crlf, on copies of its inputs with CR LF line ends.
-    void run(const std::string& line, bool crlf) {
-        std::istringstream words(line);
+    // Runs the case; with crlf, on copies of its inputs with CR LF line ends.
+    void run(bool crlf) {
+        std::istringstream words(GetParam().line);
         int result = 0;
         std::string name;
         words >> result >> name;
@@ -98,33 +128,27 @@ private:
     }
 
     void check(const Expectation& e) {
+        std::string got = test::readBytes(e.written);
         if (e.expected.empty()) {
-            EXPECT_EQ(test::readBytes(e.written), untouched);
+            EXPECT_EQ(got, untouched);
         } else if (writesExpected(e.expected)) {
-            std::string text = test::readBytes(e.written);
-            for (std::size_t at; (at = text.find("\r\n")) != std::string::npos;) text.erase(at, 1);
-            test::writeBytes(e.expected, text);
+            test::writeBytes(e.expected, got);
         } else {
-            EXPECT_EQ(test::readBytes(e.written),
-                      test::withPlatformNewlines(test::readBytes(e.expected)))
-                << e.expected;
+            std::string expected = test::withPlatformNewlines(test::readBytes(e.expected));
+            EXPECT_EQ(got, expected)
+                << e.expected.string() << ": " << firstDifference(got, expected);
         }
     }
 };
 
-TEST_F(ConversionCasesTest, EveryListedCase) {
-    for (const char* family : {"alignment", "crosssection", "profile", "fielddata", "landxml"}) {
-        fs::path list = test::testData(family) / "cases.txt";
-        std::ifstream in(list);
-        int number = 0;
-        for (std::string line; std::getline(in, line);) {
-            ++number;
-            if (line.empty() || line[0] == '#') continue;
-            SCOPED_TRACE(list.string() + ":" + std::to_string(number) + ": " + line);
-            for (bool crlf : {false, true}) run(line, crlf);
-        }
+TEST_P(ConversionCasesTest, GivesItsResultAndOutputs) {
+    for (bool crlf : {false, true}) {
+        SCOPED_TRACE(crlf ? "inputs with CR LF" : "inputs as written");
+        run(crlf);
     }
 }
+
+INSTANTIATE_TEST_SUITE_P(Listed, ConversionCasesTest, testing::ValuesIn(listedCases()), caseName);
 
 }  // namespace
 }  // namespace quelcnv

@@ -243,7 +243,7 @@ void printSelectionList() {
     for (std::string name; std::getline(list, name);) std::cout << "  " << name << "\n";
 }
 
-// Runs one line of the list; pending entry points are skipped.
+// Runs one line of the list.
 void runLine(Library library, const std::string& line, const std::string& folder) {
     std::vector<std::string> words = wordsOf(line);
     if (words.empty()) return;
@@ -253,7 +253,6 @@ void runLine(Library library, const std::string& line, const std::string& folder
         fail("unknown operation " + name);
         return;
     }
-    if (op->availability == quelcnv::cli::Availability::pending) return;
     std::vector<std::string> arguments;
     for (std::size_t i = 1; i < words.size(); ++i)
         arguments.push_back(words[i][0] == '@' ? folder + "/" + words[i].substr(1) : words[i]);
