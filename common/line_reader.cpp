@@ -77,8 +77,8 @@ int LineReader::nextChar() {
 }
 
 ReadStatus LineReader::read(std::string& text) {
-    lastStart_ = position_;
-    lineNumber_ = linesEnded_ < 0 ? 0 : linesEnded_ + 1;
+    std::uint64_t start = position_;
+    long number = linesEnded_ < 0 ? 0 : linesEnded_ + 1;
     std::string piece;
     while (piece.size() < maxLineLength) {
         int c = nextChar();
@@ -90,6 +90,8 @@ ReadStatus LineReader::read(std::string& text) {
         }
     }
     if (piece.empty() && atEnd_) return ReadStatus::nothing;
+    lastStart_ = start;
+    lineNumber_ = number;
     std::size_t nul = piece.find('\0');
     if (nul != std::string::npos) piece.resize(nul);
     text = std::move(piece);

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace quelcnv {
@@ -57,6 +58,10 @@ inline Outcome withCount(Outcome outcome, long Written::*figure, std::size_t cou
     if (outcome.ok()) outcome.written.*figure = static_cast<long>(count);
     return outcome;
 }
+
+// A converter from one file into another: every importer, converter and
+// writer of a file from a file has this shape.
+using FileConversion = Outcome (*)(const std::string& entrada, const std::string& salida);
 
 // Spanish text of a failure, as the command shows it.
 std::string_view describe(Failure failure);

@@ -43,7 +43,7 @@ struct SectionCount {
 
 // Point by point, line by line: memory does not grow with the input.
 Outcome convertPoints(const std::string& entrada, const std::string& salida,
-                      bool (*readLine)(LineReader&, std::string&),
+                      LineRule readLine,
                       std::optional<SectionPoint> (*pointOf)(std::string_view),
                       void (*write)(OutputFile&, const SectionPoint&)) {
     SectionCount count;
@@ -57,7 +57,7 @@ Outcome convertPoints(const std::string& entrada, const std::string& salida,
 }
 
 // The points of every line a read rule lets through.
-SectionPoints readPoints(const std::string& path, bool (*readLine)(LineReader&, std::string&),
+SectionPoints readPoints(const std::string& path, LineRule readLine,
                          std::optional<SectionPoint> (*pointOf)(std::string_view)) {
     SectionPoints read;
     LineReader reader;

@@ -12,11 +12,10 @@ namespace quelcnv {
 
 namespace {
 
-using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
 
 // entrada, salida, pathAp: the importer into the scratch file, then the NEVO
 // writer from it.
-Outcome chainToNevo(Importer import, const Arguments& a, ScratchAfter after) {
+Outcome chainToNevo(FileConversion import, const Arguments& a, ScratchAfter after) {
     return chainThroughScratch(
         [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return convertRuxoAlignmentToNevo(temp, a[1], a[2]); },

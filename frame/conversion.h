@@ -47,7 +47,6 @@ std::span<const Conversion> landXmlReadingConversions();
 std::span<const Conversion> landXmlWritingConversions();
 
 // entrada, salida: one converter from file to file.
-using FileConversion = Outcome (*)(const std::string& entrada, const std::string& salida);
 template <FileConversion convert>
 Outcome fromFile(Arguments& a) {
     return convert(a[0], a[1]);

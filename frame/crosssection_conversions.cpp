@@ -13,11 +13,10 @@ namespace quelcnv {
 
 namespace {
 
-using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
 
 // entrada, salida: the importer into the scratch RUXO file, then the NEVO
 // file from it.
-Outcome importToNevo(Importer import, const Arguments& a) {
+Outcome importToNevo(FileConversion import, const Arguments& a) {
     return chainThroughScratch(
         [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return convertRuxoSectionsToNevo(temp, a[1]); },

@@ -25,12 +25,11 @@ namespace quelcnv {
 
 namespace {
 
-using Importer = Outcome (*)(const std::string& entrada, const std::string& ruxoPath);
 using ProfileReader = ProfileRead (*)(const std::string& path);
 
 // entrada, salida: the importer writes the scratch RUXO alignment file, and
 // only when it succeeded is the document written from it.
-template <Importer import>
+template <FileConversion import>
 Outcome alignmentToLandXml(Arguments& a) {
     return chainThroughScratch(
         [&](const std::string& temp) { return import(a[0], temp); },
@@ -54,7 +53,7 @@ Outcome sectionsToLandXml(const SectionPoints& read, const Arguments& a) {
     return writeLandXmlSections(read.points, a[0], a[1]);
 }
 
-template <Importer import>
+template <FileConversion import>
 Outcome importedSectionsToLandXml(Arguments& a) {
     return chainThroughScratch(
         [&](const std::string& temp) { return import(a[0], temp); },

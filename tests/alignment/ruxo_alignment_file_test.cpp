@@ -14,7 +14,6 @@
 namespace quelcnv {
 namespace {
 
-using Importer = Outcome (*)(const std::string&, const std::string&);
 
 std::string sample(const std::string& name) { return test::testData("alignment/" + name).string(); }
 
@@ -35,7 +34,7 @@ TEST_F(RuxoAlignmentFileTest, RoomForRecordsAndFailures) {
 }
 
 TEST_F(RuxoAlignmentFileTest, ImportersFailLeavingSalidaAsItWas) {
-    for (Importer import : {importClipPltAlignment, importHtrazadoAlignment, importIspolAlignment,
+    for (FileConversion import : {importClipPltAlignment, importHtrazadoAlignment, importIspolAlignment,
                             importIstramAlignment, importIstramListingAlignment}) {
         test::writeBytes(file("eje.ruxo"), "old");
         EXPECT_EQ(import(file("missing"), file("eje.ruxo")).failure, Failure::inputUnreadable);
@@ -48,7 +47,7 @@ TEST_F(RuxoAlignmentFileTest, ImportersFailLeavingSalidaAsItWas) {
 // HTRAZADO: whatever is read, an empty RUXO file. ISPOL: a clothoid into a
 // curve as the last record keeps radius 0.
 TEST_F(RuxoAlignmentFileTest, WhatOnlyTheRuxoFileShows) {
-    const std::tuple<Importer, const char*, const char*> cases[] = {
+    const std::tuple<FileConversion, const char*, const char*> cases[] = {
         {importHtrazadoAlignment, "htrazado/eje.htr", ""},
         {importHtrazadoAlignment, "failing/empty.txt", ""},
         {importIspolAlignment, "ispol/last_clothoid.ispol",

@@ -60,6 +60,29 @@ TEST_F(LineReaderTest, EmptyReadLeavesTextAndSeekReadsALineAgain) {
     EXPECT_EQ(text, "cd\n");
 }
 
+// The line a read started in: a long line read in pieces is one line, and
+// going back to the last read's start reads the same line again.
+TEST_F(LineReaderTest, LineNumbersOfReads) {
+    test::writeBytes(file("in.txt"), "a\n" + std::string(300, 'x') + "\nb\n");
+    LineReader reader;
+    ASSERT_TRUE(reader.open(file("in.txt")));
+    std::string text;
+    std::vector<long> numbers;
+    std::uint64_t lastStart = 0;
+    for (std::uint64_t start = reader.position(); reader.read(text) != ReadStatus::nothing;
+         start = reader.position()) {
+        numbers.push_back(reader.lineNumber());
+        lastStart = start;
+    }
+    EXPECT_EQ(numbers, (std::vector<long>{1, 2, 2, 3}));
+    ASSERT_TRUE(reader.seek(lastStart));
+    reader.read(text);
+    EXPECT_EQ(reader.lineNumber(), 3);
+    ASSERT_TRUE(reader.seek(0));
+    reader.read(text);
+    EXPECT_EQ(reader.lineNumber(), 0);  // unknown after a seek elsewhere
+}
+
 TEST_F(LineReaderTest, EndOfFileRulesAndLineCount) {
     test::writeBytes(file("in.txt"), "1\n2\n3");
     std::vector<std::string> lost, used;
