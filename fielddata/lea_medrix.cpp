@@ -128,9 +128,8 @@ Outcome convertLeaToMedrix(const std::string& entrada, const std::string& salida
     if (observations.empty()) return Outcome::failed(Failure::noData);
     for (Observation& o : observations) o.distance = slopeDistance(o.distance, o.vertical);
     Outcome written = writeObservations(salida, observations);
-    if (!written.ok()) return written;
-    writeCodes(replaceExtension(salida, "cod"), observations);
-    return Outcome::done();
+    if (written.ok()) writeCodes(replaceExtension(salida, "cod"), observations);
+    return withCount(written, &Written::points, observations.size());
 }
 
 }  // namespace quelcnv
