@@ -42,8 +42,7 @@ struct SectionCount {
 };
 
 // Point by point, line by line: memory does not grow with the input.
-Outcome convertPoints(const std::string& entrada, const std::string& salida,
-                      LineRule readLine,
+Outcome convertPoints(const std::string& entrada, const std::string& salida, LineRule readLine,
                       std::optional<SectionPoint> (*pointOf)(std::string_view),
                       void (*write)(OutputFile&, const SectionPoint&)) {
     SectionCount count;

@@ -12,7 +12,6 @@ namespace quelcnv {
 
 namespace {
 
-
 // entrada, salida, pathAp: the importer into the scratch file, then the NEVO
 // writer from it.
 Outcome chainToNevo(FileConversion import, const Arguments& a, ScratchAfter after) {

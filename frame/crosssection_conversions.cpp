@@ -13,7 +13,6 @@ namespace quelcnv {
 
 namespace {
 
-
 // entrada, salida: the importer into the scratch RUXO file, then the NEVO
 // file from it.
 Outcome importToNevo(FileConversion import, const Arguments& a) {

@@ -14,7 +14,6 @@
 namespace quelcnv {
 namespace {
 
-
 std::string sample(const std::string& name) { return test::testData("alignment/" + name).string(); }
 
 class RuxoAlignmentFileTest : public test::FolderTest {};
@@ -34,8 +33,9 @@ TEST_F(RuxoAlignmentFileTest, RoomForRecordsAndFailures) {
 }
 
 TEST_F(RuxoAlignmentFileTest, ImportersFailLeavingSalidaAsItWas) {
-    for (FileConversion import : {importClipPltAlignment, importHtrazadoAlignment, importIspolAlignment,
-                            importIstramAlignment, importIstramListingAlignment}) {
+    for (FileConversion import :
+         {importClipPltAlignment, importHtrazadoAlignment, importIspolAlignment,
+          importIstramAlignment, importIstramListingAlignment}) {
         test::writeBytes(file("eje.ruxo"), "old");
         EXPECT_EQ(import(file("missing"), file("eje.ruxo")).failure, Failure::inputUnreadable);
         EXPECT_EQ(test::readBytes(file("eje.ruxo")), "old");
