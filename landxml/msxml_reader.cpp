@@ -105,13 +105,17 @@ using ReaderHandle = std::unique_ptr<ISAXXMLReader, ComRelease>;
 // line ends, references and buffer edges) into pieces. It is owned by the
 // parse, so its references are not counted. Whatever the SaxHandler throws
 // stops the parse and is kept to be thrown again once MSXML has returned.
-class SaxEvents final : public ISAXContentHandler, public ISAXLexicalHandler {
+class SaxEvents final : public ISAXContentHandler,
+                        public ISAXLexicalHandler,
+                        public ISAXErrorHandler {
 public:
     explicit SaxEvents(SaxHandler& handler) : handler_(handler) {}
     SaxEvents(const SaxEvents&) = delete;
     SaxEvents& operator=(const SaxEvents&) = delete;
 
     bool sawDocumentEnd() const { return sawDocumentEnd_; }
+    // The line where the reader found the document malformed, when it said.
+    long errorLine() const { return errorLine_; }
     std::exception_ptr failure() const { return failure_; }
 
     // The last piece, if one is open, and the end of the document.
@@ -200,6 +204,15 @@ public:
         return guard([&] { endPiece(); });
     }
 
+    // ISAXErrorHandler: a fatal error ends the parse, and its line is kept.
+    HRESULT WINAPI error(ISAXLocator*, const wchar_t*, HRESULT) override { return S_OK; }
+    HRESULT WINAPI fatalError(ISAXLocator* locator, const wchar_t*, HRESULT code) override {
+        int line = 0;
+        if (locator != nullptr && SUCCEEDED(locator->getLineNumber(&line))) errorLine_ = line;
+        return code;
+    }
+    HRESULT WINAPI ignorableWarning(ISAXLocator*, const wchar_t*, HRESULT) override { return S_OK; }
+
 private:
     // Runs one event unless an earlier one failed; a failure stops the parse.
     template <typename Event>
@@ -262,6 +275,7 @@ private:
     bool inPiece_ = false;
     bool gathering_ = false;
     bool sawDocumentEnd_ = false;
+    long errorLine_ = 0;
     std::exception_ptr failure_;
 };
 
@@ -278,6 +292,7 @@ void configureReader(ISAXXMLReader& reader, SaxEvents& events) {
     reader.putFeature(L"http://xml.org/sax/features/external-general-entities", VARIANT_FALSE);
     reader.putFeature(L"http://xml.org/sax/features/external-parameter-entities", VARIANT_FALSE);
     reader.putContentHandler(&events);
+    reader.putErrorHandler(&events);
     VARIANT lexical;
     VariantInit(&lexical);
     V_VT(&lexical) = VT_UNKNOWN;
@@ -328,7 +343,8 @@ SaxResult runSaxParse(SaxHandler& handler, const std::string& path) {
     if (events.failure()) std::rethrow_exception(events.failure());
     if (!outcome.created) return {};
     if (!outcome.whole)
-        return {true, canOpen(widePath(path)) ? SaxEnd::malformed : SaxEnd::unreadable, 0};
+        return {true, canOpen(widePath(path)) ? SaxEnd::malformed : SaxEnd::unreadable,
+                events.errorLine()};
     events.finishDocument();
     return {true, SaxEnd::whole, 0};
 }
