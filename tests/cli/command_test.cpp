@@ -135,9 +135,13 @@ TEST_F(CommandTest, SaysWhyNamingTheFile) {
         {{"puntos2nevo", commas, out},
          1,
          "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+#ifdef _WIN32  // Wine's MSXML does not say where
+        {{"seleccionaEjeLandXML", commas}, 1, "el documento XML no esta bien formado: " + commas},
+#else
         {{"seleccionaEjeLandXML", commas},
          1,
          "el documento XML no esta bien formado (linea 1): " + commas},
+#endif
         {{"istram2nevo", file("counts.istram"), out},
          1,
          "el fichero de entrada no tiene el formato esperado (linea 2): " + file("counts.istram")},
