@@ -1,12 +1,13 @@
 #include "alignment/arc_splitting.h"
 
-#include <algorithm>
 #include <cmath>
+#include <cstdint>
+#include <limits>
 #include <optional>
+#include <random>
 #include <span>
 
 #include "alignment/geometry.h"
-#include "common/tolerance.h"
 
 namespace quelcnv {
 
@@ -14,9 +15,268 @@ namespace {
 
 using Records = std::vector<AlignmentRecord>;
 
-bool byStation(const AlignmentRecord& a, const AlignmentRecord& b) {
-    return compareStations(a, b) < 0;
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// Whether a record at station s sorts before one at station x, by the
+// comparison of stations: true only when s is 0.001 or more above x.
+bool sortsAfter(double s, double x) { return compareStations({.station = x}, {.station = s}) < 0; }
+
+// The arc record that splits the element from record `arc` to record `next`
+// at its middle station, evaluated on the record that holds that station.
+AlignmentRecord middleRecord(const AlignmentRecord& arc, const AlignmentRecord& next,
+                             const AlignmentRecord& holder, double middle) {
+    ArcPoint at = pointOnArc(holder, middle);
+    AlignmentRecord split;
+    split.type = arcElement;
+    split.station = middle;
+    split.x = at.point.x;
+    split.y = at.point.y;
+    split.azimuth = at.azimuth;
+    split.radius = at.radius;
+    split.length = (next.station - arc.station) / 2.0;
+    return split;
 }
+
+// The records as a sequence in a balanced tree (a treap ordered by position),
+// each subtree knowing the least and greatest of its stations, whether one is
+// not a number, and whether one of its records is an arc that sweeps half a
+// circle before its successor. Every step of the splitting is then a walk down
+// the tree instead of a scan of the records, and a record is put into its
+// sorted place without sorting again.
+class RecordTree {
+public:
+    explicit RecordTree(std::size_t capacity) { nodes_.reserve(capacity); }
+
+    std::size_t size() const { return nodes_.size(); }
+    AlignmentRecord& record(int i) { return nodes_[i].record; }
+
+    // Puts the record after every record it does not sort before: the place
+    // a stable insertion gives it, equal stations keeping their order.
+    void insertSorted(const AlignmentRecord& record) {
+        double x = record.station;
+        int after = lastWhere([x](double s) { return !sortsAfter(s, x); },
+                              [x](const Node& n) { return n.hasNaN || !sortsAfter(n.least, x); });
+        insert(record, after);
+    }
+
+    // The first record that is an arc sweeping half a circle before the next.
+    int firstSweepingArc() const {
+        int i = root_;
+        while (i >= 0) {
+            const Node& n = nodes_[i];
+            if (n.left >= 0 && nodes_[n.left].anySweeps)
+                i = n.left;
+            else if (n.sweeps)
+                return i;
+            else if (n.right >= 0 && nodes_[n.right].anySweeps)
+                i = n.right;
+            else
+                return -1;
+        }
+        return -1;
+    }
+
+    // The first record k with station(k) <= station <= station(k + 1), or -1.
+    int findElement(double station) const {
+        auto atMost = [station](double s) { return s <= station; };
+        auto atMostIn = [station](const Node& n) { return n.least <= station; };
+        auto atLeast = [station](double s) { return s >= station; };
+        auto atLeastIn = [station](const Node& n) { return n.greatest >= station; };
+        int a = firstWhere(atMost, atMostIn);
+        while (a >= 0) {
+            int b = firstAfter(a, atLeast, atLeastIn);
+            if (b < 0) return -1;
+            int before = previous(b);
+            if (nodes_[before].record.station <= station) return before;
+            a = nodes_[b].record.station <= station ? b : firstAfter(b, atMost, atMostIn);
+        }
+        return -1;
+    }
+
+    int next(int i) const {
+        if (nodes_[i].right >= 0) return leftmost(nodes_[i].right);
+        while (nodes_[i].parent >= 0 && nodes_[nodes_[i].parent].right == i) i = nodes_[i].parent;
+        return nodes_[i].parent;
+    }
+
+    Records inOrder() const {
+        Records records;
+        records.reserve(nodes_.size());
+        for (int i = root_ < 0 ? -1 : leftmost(root_); i >= 0; i = next(i))
+            records.push_back(nodes_[i].record);
+        return records;
+    }
+
+private:
+    struct Node {
+        AlignmentRecord record;
+        int left = -1, right = -1, parent = -1;
+        std::uint32_t priority = 0;
+        bool sweeps = false;     // an arc that sweeps half a circle before the next record
+        bool anySweeps = false;  // ... anywhere in the subtree
+        double least = infinity,
+               greatest = -infinity;  // stations of the subtree, not a number aside
+        bool hasNaN = false;
+    };
+
+    int leftmost(int i) const {
+        while (nodes_[i].left >= 0) i = nodes_[i].left;
+        return i;
+    }
+
+    int previous(int i) const {
+        if (nodes_[i].left >= 0) {
+            i = nodes_[i].left;
+            while (nodes_[i].right >= 0) i = nodes_[i].right;
+            return i;
+        }
+        while (nodes_[i].parent >= 0 && nodes_[nodes_[i].parent].left == i) i = nodes_[i].parent;
+        return nodes_[i].parent;
+    }
+
+    // The first record of the subtree at i that satisfies the test.
+    template <typename Test, typename SubtreeTest>
+    int firstIn(int i, Test test, SubtreeTest subtree) const {
+        while (i >= 0) {
+            const Node& n = nodes_[i];
+            if (n.left >= 0 && subtree(nodes_[n.left]))
+                i = n.left;
+            else if (test(n.record.station))
+                return i;
+            else if (n.right >= 0 && subtree(nodes_[n.right]))
+                i = n.right;
+            else
+                return -1;
+        }
+        return -1;
+    }
+
+    template <typename Test, typename SubtreeTest>
+    int firstWhere(Test test, SubtreeTest subtree) const {
+        return root_ >= 0 && subtree(nodes_[root_]) ? firstIn(root_, test, subtree) : -1;
+    }
+
+    // The first record after record a that satisfies the test.
+    template <typename Test, typename SubtreeTest>
+    int firstAfter(int a, Test test, SubtreeTest subtree) const {
+        int right = nodes_[a].right;
+        if (right >= 0 && subtree(nodes_[right])) return firstIn(right, test, subtree);
+        for (int child = a, parent = nodes_[a].parent; parent >= 0;
+             child = parent, parent = nodes_[parent].parent) {
+            if (nodes_[parent].left != child) continue;
+            if (test(nodes_[parent].record.station)) return parent;
+            int other = nodes_[parent].right;
+            if (other >= 0 && subtree(nodes_[other])) return firstIn(other, test, subtree);
+        }
+        return -1;
+    }
+
+    // The last record of the tree that satisfies the test.
+    template <typename Test, typename SubtreeTest>
+    int lastWhere(Test test, SubtreeTest subtree) const {
+        int i = root_ >= 0 && subtree(nodes_[root_]) ? root_ : -1;
+        while (i >= 0) {
+            const Node& n = nodes_[i];
+            if (n.right >= 0 && subtree(nodes_[n.right]))
+                i = n.right;
+            else if (test(n.record.station))
+                return i;
+            else if (n.left >= 0 && subtree(nodes_[n.left]))
+                i = n.left;
+            else
+                return -1;
+        }
+        return -1;
+    }
+
+    void pull(int i) {
+        Node& n = nodes_[i];
+        double s = n.record.station;
+        n.hasNaN = std::isnan(s);
+        n.least = n.hasNaN ? infinity : s;
+        n.greatest = n.hasNaN ? -infinity : s;
+        n.anySweeps = n.sweeps;
+        for (int child : {n.left, n.right}) {
+            if (child < 0) continue;
+            const Node& c = nodes_[child];
+            n.least = std::fmin(n.least, c.least);
+            n.greatest = std::fmax(n.greatest, c.greatest);
+            n.hasNaN = n.hasNaN || c.hasNaN;
+            n.anySweeps = n.anySweeps || c.anySweeps;
+        }
+    }
+
+    void pullUp(int i) {
+        for (; i >= 0; i = nodes_[i].parent) pull(i);
+    }
+
+    void replaceChild(int parent, int from, int to) {
+        if (parent < 0)
+            root_ = to;
+        else if (nodes_[parent].left == from)
+            nodes_[parent].left = to;
+        else
+            nodes_[parent].right = to;
+        if (to >= 0) nodes_[to].parent = parent;
+    }
+
+    // Turns i into the parent of its parent, the order of records kept.
+    void rotateUp(int i) {
+        int p = nodes_[i].parent;
+        replaceChild(nodes_[p].parent, p, i);
+        if (nodes_[p].left == i) {
+            nodes_[p].left = nodes_[i].right;
+            if (nodes_[p].left >= 0) nodes_[nodes_[p].left].parent = p;
+            nodes_[i].right = p;
+        } else {
+            nodes_[p].right = nodes_[i].left;
+            if (nodes_[p].right >= 0) nodes_[nodes_[p].right].parent = p;
+            nodes_[i].left = p;
+        }
+        nodes_[p].parent = i;
+        pull(p);
+        pull(i);
+    }
+
+    void updateSweep(int i) {
+        if (i < 0) return;
+        int following = next(i);
+        nodes_[i].sweeps =
+            following >= 0 && arcSweepsHalfCircle(nodes_[i].record, nodes_[following].record);
+        pullUp(i);
+    }
+
+    // Puts the record right after record `after` (-1: first of all).
+    void insert(const AlignmentRecord& record, int after) {
+        int i = static_cast<int>(nodes_.size());
+        nodes_.push_back(Node{record});
+        nodes_[i].priority = random_();
+        if (root_ < 0) {
+            root_ = i;
+        } else if (after < 0) {
+            int first = leftmost(root_);
+            nodes_[first].left = i;
+            nodes_[i].parent = first;
+        } else if (nodes_[after].right < 0) {
+            nodes_[after].right = i;
+            nodes_[i].parent = after;
+        } else {
+            int first = leftmost(nodes_[after].right);
+            nodes_[first].left = i;
+            nodes_[i].parent = first;
+        }
+        pullUp(i);
+        while (nodes_[i].parent >= 0 && nodes_[nodes_[i].parent].priority < nodes_[i].priority)
+            rotateUp(i);
+        pullUp(i);
+        updateSweep(i);
+        updateSweep(previous(i));
+    }
+
+    std::vector<Node> nodes_;
+    int root_ = -1;
+    std::minstd_rand random_{20061121};  // fixed: the shape, never the order, depends on it
+};
 
 std::optional<std::size_t> firstSweepingArc(const Records& records) {
     for (std::size_t k = 0; k + 1 < records.size(); ++k) {
@@ -25,152 +285,50 @@ std::optional<std::size_t> firstSweepingArc(const Records& records) {
     return std::nullopt;
 }
 
-// The arc record that splits the element from record k to record k + 1 at
-// its middle station, evaluated on the record that holds that station.
-std::optional<AlignmentRecord> middleOf(std::span<const AlignmentRecord> records, std::size_t k) {
-    double middle = (records[k].station + records[k + 1].station) / 2.0;
-    int holder = findElement(records, middle);
-    if (holder < 0) return std::nullopt;
-    ArcPoint at = pointOnArc(records[static_cast<std::size_t>(holder)], middle);
-    AlignmentRecord split;
-    split.type = arcElement;
-    split.station = middle;
-    split.x = at.point.x;
-    split.y = at.point.y;
-    split.azimuth = at.azimuth;
-    split.radius = at.radius;
-    split.length = (records[k + 1].station - records[k].station) / 2.0;
-    return split;
-}
-
-struct Split {
-    std::size_t arc;            // where the arc split stands
-    AlignmentRecord arcRecord;  // the arc and its next record, as the split left them
-    AlignmentRecord next;
-    AlignmentRecord middle;  // the record added
-};
-
-// One split as the rule states it: the first arc that sweeps half a circle,
-// from the start of the records, then all records sorted by station (ties
-// keep their order). Nothing when nothing was split.
-std::optional<Split> splitFirstAndSort(Records& records, std::size_t capacity) {
-    if (records.size() >= capacity) return std::nullopt;
+// The first split, on the records in the order they were read. False when
+// there is none.
+bool splitFirst(Records& records, std::size_t capacity) {
+    if (records.size() >= capacity) return false;
     auto k = firstSweepingArc(records);
-    if (!k) return std::nullopt;
-    auto middle = middleOf(records, *k);
-    if (!middle) return std::nullopt;
-    records[*k].length = middle->length;
-    Split split{*k, records[*k], records[*k + 1], *middle};
-    records.push_back(*middle);
-    std::stable_sort(records.begin(), records.end(), byStation);
-    return split;
-}
-
-bool sameRecord(const AlignmentRecord& a, const AlignmentRecord& b) {
-    return a.type == b.type && a.station == b.station && a.x == b.x && a.y == b.y &&
-           a.aux == b.aux && a.azimuth == b.azimuth && a.radius == b.radius &&
-           a.parameter == b.parameter && a.length == b.length;
-}
-
-// Whether stations compared within their tolerance order these records as
-// a plain order would: every run of stations closer than the tolerance to
-// the one before spans less than the tolerance.
-bool stationsCompareConsistently(const Records& records) {
-    std::vector<double> stations;
-    for (const AlignmentRecord& r : records) stations.push_back(r.station);
-    if (std::any_of(stations.begin(), stations.end(), [](double s) { return std::isnan(s); }))
-        return false;
-    std::sort(stations.begin(), stations.end());
-    double runStart = stations.front();
-    for (std::size_t i = 1; i < stations.size(); ++i) {
-        if (stations[i] - stations[i - 1] >= stationTolerance)
-            runStart = stations[i];
-        else if (stations[i] - runStart >= stationTolerance)
-            return false;
-    }
+    if (!k) return false;
+    double middle = (records[*k].station + records[*k + 1].station) / 2.0;
+    int holder = findElement(records, middle);
+    if (holder < 0) return false;
+    AlignmentRecord split = middleRecord(records[*k], records[*k + 1],
+                                         records[static_cast<std::size_t>(holder)], middle);
+    records[*k].length = split.length;
+    records.push_back(split);
     return true;
-}
-
-// When the record a split added sorted after the arc's next record (an arc of
-// no length, or almost none), the same arc is the first to split again, and
-// again the same record is added after the last one: the splits that remain
-// until the records fill their room are all that one. They are added at once.
-bool repeatsUntilFull(Records& records, const Split& split, std::size_t capacity) {
-    if (!sameRecord(records[split.arc], split.arcRecord) ||
-        !sameRecord(records[split.arc + 1], split.next) || !stationsCompareConsistently(records))
-        return false;
-    // Stations order the records consistently: the record added stands last
-    // among those at its station, and so will every copy.
-    auto after = std::upper_bound(records.begin(), records.end(), split.middle, byStation);
-    if (after - records.begin() <= static_cast<std::ptrdiff_t>(split.arc) + 2) return false;
-    records.insert(after, capacity - records.size(), split.middle);
-    return true;
-}
-
-// The splits as the rule states them, until none is left or the records
-// fill their room.
-void splitBySorting(Records& records, std::size_t capacity) {
-    while (auto split = splitFirstAndSort(records, capacity)) {
-        if (records.size() < capacity && repeatsUntilFull(records, *split, capacity)) return;
-    }
-}
-
-// Neighbours farther apart than two station tolerances never compare equal,
-// and neither does the middle of their element with either of them.
-bool wellApart(const AlignmentRecord& a, const AlignmentRecord& b) {
-    return b.station - a.station > 2.0 * stationTolerance;
-}
-
-bool allWellApart(const Records& records) {
-    return std::adjacent_find(records.begin(), records.end(), [](const auto& a, const auto& b) {
-               return !wellApart(a, b);
-           }) == records.end();
-}
-
-// The same splits in one walk along records sorted by station and well
-// apart: there a split only puts the new record right after its arc, and the
-// records before the arc never change, so the search goes on from the arc
-// instead of from the start, and nothing is sorted again. Where a new record
-// would come too close to a neighbour, the rest is left to the rule itself.
-void splitWalking(Records& records, std::size_t capacity) {
-    Records done;
-    done.reserve(capacity);
-    Records ahead(records.rbegin(), records.rend());  // the next record at the back
-    done.push_back(ahead.back());
-    ahead.pop_back();
-    while (!ahead.empty()) {
-        AlignmentRecord& arc = done.back();
-        const AlignmentRecord& next = ahead.back();
-        if (done.size() + ahead.size() < capacity && arcSweepsHalfCircle(arc, next)) {
-            AlignmentRecord pair[] = {arc, next};
-            auto middle = middleOf(pair, 0);
-            if (!middle || !wellApart(arc, *middle) || !wellApart(*middle, next)) break;
-            arc.length = middle->length;
-            ahead.push_back(*middle);
-            continue;
-        }
-        done.push_back(next);
-        ahead.pop_back();
-    }
-    done.insert(done.end(), ahead.rbegin(), ahead.rend());
-    records = std::move(done);
-    splitBySorting(records, capacity);
 }
 
 }  // namespace
 
-// The rule splits the first arc that sweeps half a circle and sorts all the
-// records again, split after split: on a long alignment that is quadratic.
-// Where the stations are sorted and well apart, one walk along the records
-// gives the very same records; anywhere else (stations close together or out
-// of order) the rule itself runs.
+// The rule: split the first arc, from the start of the records, that sweeps
+// half a circle, at the middle station of its element, evaluated on the
+// record that holds that station; sort all the records by station again
+// (stations within 0.001 count as equal, and such records keep their order:
+// each record goes after every record it does not sort before); repeat until
+// no arc is left to split or the records fill their room. Done literally,
+// every split scans and sorts all the records again, which is quadratic on a
+// long alignment; here the records stand in a tree in which each step is a
+// walk of logarithmic length, with the very same records as the result.
 void splitLongArcs(Records& records, std::size_t capacity) {
-    // The first split works on the records in file order, and sorts them.
-    if (!splitFirstAndSort(records, capacity)) return;
-    if (allWellApart(records))
-        splitWalking(records, capacity);
-    else
-        splitBySorting(records, capacity);
+    if (!splitFirst(records, capacity)) return;
+    RecordTree tree(capacity);
+    for (const AlignmentRecord& record : records) tree.insertSorted(record);
+    while (tree.size() < capacity) {
+        int k = tree.firstSweepingArc();
+        if (k < 0) break;
+        int following = tree.next(k);
+        double middle = (tree.record(k).station + tree.record(following).station) / 2.0;
+        int holder = tree.findElement(middle);
+        if (holder < 0) break;
+        AlignmentRecord split =
+            middleRecord(tree.record(k), tree.record(following), tree.record(holder), middle);
+        tree.record(k).length = split.length;
+        tree.insertSorted(split);
+    }
+    records = tree.inOrder();
 }
 
 }  // namespace quelcnv
