@@ -15,7 +15,7 @@ namespace quelcnv {
 
 namespace {
 
-constexpr std::string_view separators = "\t ,";
+constexpr Separators separators = "\t ,";
 // Shorter lines, line feed included, hold no key point.
 constexpr std::size_t minimumLineLength = 10;
 

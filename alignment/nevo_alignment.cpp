@@ -60,7 +60,7 @@ std::optional<PlanePoint> tangentsMeet(const AlignmentRecord& a, const Alignment
 }
 
 void writeStart(OutputFile& out, const AlignmentRecord& first) {
-    out.print("START %0.3lf, %0.4lf, %0.4lf\n", first.station, first.x, first.y);
+    out.print("START %0.3lf, %0.4lf, %0.4lf\n"_fmt, first.station, first.x, first.y);
 }
 
 void writeElements(OutputFile& out, const Records& records) {
@@ -69,30 +69,30 @@ void writeElements(OutputFile& out, const Records& records) {
         const AlignmentRecord& r = records[i];
         double length = records[i + 1].station - r.station;
         if (r.type == straightElement) {
-            out.print("STRAIGHT  %0.4lf,%0.4lf\n", r.azimuth, length);
+            out.print("STRAIGHT  %0.4lf,%0.4lf\n"_fmt, r.azimuth, length);
         } else if (r.type == arcElement) {
-            out.print("ARC  %0.4lf,%0.4lf\n", r.radius, length);
+            out.print("ARC  %0.4lf,%0.4lf\n"_fmt, r.radius, length);
         } else {
             // A clothoid that ends on a straight takes the radius of the curve
             // before it; with none, the element is left out, as the element
             // files the collectors hold have always been written.
             double radius = r.radius;
             if (radius == 0.0 && i > 0) radius = records[i - 1].radius;
-            if (radius != 0.0) out.print("SPIRAL  %0.4lf,%0.4lf\n", radius, length);
+            if (radius != 0.0) out.print("SPIRAL  %0.4lf,%0.4lf\n"_fmt, radius, length);
         }
     }
-    out.print("STRAIGHT  %0.4lf,%0.4lf\n", records.back().azimuth, 0.0);
+    out.print("STRAIGHT  %0.4lf,%0.4lf\n"_fmt, records.back().azimuth, 0.0);
 }
 
 void writeCircle(OutputFile& out, std::optional<PlanePoint> at, double radius) {
-    if (at) out.print("PT %0.4lf, %0.4lf, %0.4lf\n", at->x, at->y, std::fabs(radius));
+    if (at) out.print("PT %0.4lf, %0.4lf, %0.4lf\n"_fmt, at->x, at->y, std::fabs(radius));
 }
 
 void writeClothoids(OutputFile& out, std::optional<PlanePoint> at, double radius, double entry,
                     double exit) {
     if (at) {
-        out.print("PT %0.4lf, %0.4lf, %0.4lf, %0.4lf, %0.4lf\n", at->x, at->y, std::fabs(radius),
-                  entry, exit);
+        out.print("PT %0.4lf, %0.4lf, %0.4lf, %0.4lf, %0.4lf\n"_fmt, at->x, at->y,
+                  std::fabs(radius), entry, exit);
     }
 }
 
@@ -133,7 +133,7 @@ bool writeIntersectionPoints(OutputFile& out, const Records& records) {
         const AlignmentRecord& r = records[i];
         bool last = i + 1 == records.size();
         if (last || (r.type == straightElement && records[i - 1].type == straightElement)) {
-            out.print("PT %0.4lf, %0.4lf\n", r.x, r.y);
+            out.print("PT %0.4lf, %0.4lf\n"_fmt, r.x, r.y);
         } else if (r.type == arcElement) {
             asymmetric |= writeCurve(out, records, i);
         }

@@ -61,7 +61,7 @@ Outcome writeAlignmentFile(const std::vector<AlignmentRecord>& records, const st
     OutputFile out;
     if (!out.open(path)) return Outcome::failed(Failure::outputUnwritable);
     for (const AlignmentRecord& r : records) {
-        out.print("%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n", r.station, r.x, r.y, r.azimuth,
+        out.print("%0.3lf %0.3lf %0.3lf %0.3lf %0.3lf %0.3lf\n"_fmt, r.station, r.x, r.y, r.azimuth,
                   r.parameter, r.radius);
     }
     return withCount(out.complete(), &Written::records, records.size());

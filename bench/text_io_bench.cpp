@@ -65,7 +65,7 @@ BENCHMARK(parseNumbers);
 
 void formatNumbers(benchmark::State& state) {
     double value = 4300000.4567;
-    for (auto _ : state) benchmark::DoNotOptimize(formatText("%0.3lf %8.3lf", value, -value));
+    for (auto _ : state) benchmark::DoNotOptimize(formatText("%0.3lf %8.3lf"_fmt, value, -value));
     state.SetItemsProcessed(state.iterations() * 2);
 }
 BENCHMARK(formatNumbers);

@@ -25,15 +25,15 @@ struct ConversionFiles {
 // Converts line by line: every line the read rule lets through goes to
 // convert, which writes what it makes of it. Memory does not grow with the
 // input. Fails as ConversionFiles does.
-using LineRule = bool (*)(LineReader& reader, std::string& line);
+using LineRule = bool (*)(LineReader& reader, std::string_view& line);
 template <typename Convert>
 Outcome convertLineByLine(const std::string& entrada, const std::string& salida, LineRule readLine,
                           Convert&& convert) {
     ConversionFiles files;
     Outcome opened = files.open(entrada, salida);
     if (!opened.ok()) return opened;
-    std::string line;
-    while (readLine(files.in, line)) convert(files.out, std::string_view(line));
+    std::string_view line;
+    while (readLine(files.in, line)) convert(files.out, line);
     return files.finish();
 }
 

@@ -2,6 +2,8 @@
 // in text mode with a 256-byte buffer, the same on every platform.
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <optional>
@@ -43,6 +45,9 @@ public:
     bool isOpen() const { return file_ != nullptr; }
 
     ReadStatus read(std::string& text);
+    // The same, the text handed out as a view that stays valid until the
+    // next read, seek or close.
+    ReadStatus read(std::string_view& text);
     // True once a read met the end of the file (the C runtime's end-of-file flag).
     bool atEnd() const { return atEnd_; }
     // Byte offset where the next read starts.
@@ -56,15 +61,23 @@ public:
     long lineNumber() const { return lineNumber_; }
 
 private:
-    int nextChar();
     int peekByte();
     bool fill();
+    std::optional<std::string_view> plainLine();
+    std::size_t ordinaryRun(std::size_t available);
+    std::size_t nextSpecial(std::size_t kind);
+    void forgetSpecials();
+
+    static constexpr std::size_t specialKinds = 3;  // CR, Ctrl-Z, NUL
 
     std::FILE* file_ = nullptr;
-    std::vector<unsigned char> buffer_;
+    std::vector<char> buffer_;
+    std::string piece_;  // a line that could not be handed out from the block
+    std::array<std::ptrdiff_t, specialKinds> nextSpecial_{};  // -1: not searched yet
     std::size_t bufferStart_ = 0;
     std::size_t bufferEnd_ = 0;
     std::uint64_t position_ = 0;
+    std::uint64_t bufferOffset_ = 0;  // where in the file the block starts
     bool atEnd_ = false;
     bool ctrlZ_ = false;
     bool failed_ = false;
@@ -76,10 +89,12 @@ private:
 // The read that meets the end of the file is not used: true for every line
 // before it, so a last line without a line break is lost.
 bool readLineBeforeEnd(LineReader& reader, std::string& text);
+bool readLineBeforeEnd(LineReader& reader, std::string_view& text);
 
 // The read that meets the end of the file is used too: false only when a
 // read delivered nothing.
 bool readLineThroughEnd(LineReader& reader, std::string& text);
+bool readLineThroughEnd(LineReader& reader, std::string_view& text);
 
 // What read takes from the file at path, or nothing when the file cannot be
 // opened or read: the one shape of every reader that takes a whole file.

@@ -1,18 +1,19 @@
 #include "common/numbers.h"
 
 #include <charconv>
+#include <cstdint>
 #include <limits>
+#include <optional>
 #include <string>
 
 namespace quelcnv {
 
 namespace {
 
-bool isWhiteSpace(char c) {
-    return c == ' ' || c == '\t' || c == '\n' || c == '\r' || c == '\v' || c == '\f';
-}
+// Blank, or one of tab, LF, VT, FF and CR, which follow each other in ASCII.
+bool isWhiteSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) { return static_cast<unsigned char>(c - '0') < 10; }
 
 std::size_t skipWhiteSpace(std::string_view text) {
     std::size_t i = 0;
@@ -88,7 +89,46 @@ bool overflows(std::string_view number, std::size_t mantissaLength) {
 
 }  // namespace
 
+namespace {
+
+constexpr double exactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                       1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
+                                       1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+
+// The usual number, read at once: a sign, at most 15 digits with a decimal
+// point among them, no exponent. Its digits make a whole number below 2^53
+// and its decimals a power of ten that a double holds exactly, so one
+// division gives the correctly rounded value, as strtod would. Nothing for
+// any other text, which the general reading takes.
+std::optional<NumberScan> scanPlainDecimal(std::string_view text) {
+    const char* p = text.data();
+    const char* end = p + text.size();
+    while (p < end && isWhiteSpace(*p)) ++p;
+    bool negative = false;
+    if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
+    std::uint64_t digits = 0;  // wraps past 19 digits, but then it is not used
+    auto readDigits = [&] {
+        const char* first = p;
+        for (; p < end && isDigit(*p); ++p) digits = digits * 10 + static_cast<unsigned>(*p - '0');
+        return p - first;
+    };
+    std::ptrdiff_t count = readDigits();
+    std::ptrdiff_t decimals = 0;
+    if (p < end && *p == '.') {
+        ++p;
+        decimals = readDigits();
+        count += decimals;
+    }
+    if (count == 0 || count > 15) return std::nullopt;
+    if (p < end && (*p == 'e' || *p == 'E')) return std::nullopt;
+    double value = static_cast<double>(digits) / exactPowersOfTen[decimals];
+    return NumberScan{negative ? -value : value, static_cast<std::size_t>(p - text.data())};
+}
+
+}  // namespace
+
 NumberScan scanNumber(std::string_view text) {
+    if (std::optional<NumberScan> plain = scanPlainDecimal(text)) return *plain;
     NumberText number = findNumber(text);
     if (!number.found) return {};
     std::string_view body = text.substr(number.begin, number.end - number.begin);

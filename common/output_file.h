@@ -16,12 +16,13 @@ namespace quelcnv {
 std::string_view platformNewline();
 
 // An output file written as a text-mode "w" stream writes it: every LF byte
-// becomes the platform's newline, every other byte is written as given.
-// Write errors are remembered. finish() closes the file and reports whether
-// everything reached it; a file that failed, or that was never finished
-// (the conversion gave up half way), is removed if it is a regular file
-// (a device or other special file is never removed).
-class OutputFile {
+// becomes the platform's newline, every other byte is written as given. The
+// text is gathered in a block and written block by block; write errors are
+// remembered. finish() closes the file and reports whether everything
+// reached it; a file that failed, or that was never finished (the
+// conversion gave up half way), is removed if it is a regular file (a device
+// or other special file is never removed).
+class OutputFile final : private TextSink {
 public:
     OutputFile() = default;
     OutputFile(const OutputFile&) = delete;
@@ -34,8 +35,15 @@ public:
 
     void write(std::string_view text);
     template <typename... Args>
-    void print(std::string_view format, const Args&... args) {
-        write(formatText(format, args...));
+    void print(const Format& format, const Args&... args) {
+        if (file_ == nullptr || failed_) return;
+        if (plainNewline_) {  // formatted right into the block
+            lines_ += appendFormatted(static_cast<TextSink&>(*this), format, {FormatArg(args)...});
+            return;
+        }
+        formatted_.clear();
+        appendFormatted(formatted_, format, {FormatArg(args)...});
+        write(formatted_);
     }
 
     // Flushes and closes. False (and the file removed) when a write failed.
@@ -49,14 +57,21 @@ public:
     void discard();
 
 private:
+    char* room(std::size_t n) override;
+    void used(std::size_t n) override;
     void closeAndRemove();
+    void flush();
 
     std::FILE* file_ = nullptr;
     std::string path_;  // the file itself, symbolic links resolved
     std::string newline_;
+    bool plainNewline_ = true;  // the newline is LF: text goes to the file as it stands
     bool regularFile_ = false;
     bool failed_ = false;
     long lines_ = 0;
+    std::string block_;       // written text, newlines as the platform writes them
+    std::size_t filled_ = 0;  // bytes of the block in use
+    std::string formatted_;   // the last print, reused
 };
 
 // Creates the file at path, lets fill write its text, and finishes it:

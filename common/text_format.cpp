@@ -1,91 +1,50 @@
 #include "common/text_format.h"
 
-#include <algorithm>
+#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
-#include <stdexcept>
+#include <cstring>
 
 namespace quelcnv {
 
 namespace {
 
-struct Directive {
-    bool left = false;
-    bool plus = false;
-    bool blank = false;
-    bool zero = false;
-    bool alternate = false;
-    int width = 0;
-    int precision = -1;
-    bool longLong = false;
-    char conversion = 0;
-};
-
-[[noreturn]] void badFormat(std::string_view format) {
-    throw std::invalid_argument("unsupported format: " + std::string(format));
+[[noreturn]] void badArguments(const Format& format) {
+    throw std::invalid_argument("format arguments do not fit: " + std::string(format.text()));
 }
 
-int readCount(std::string_view format, std::size_t& i) {
-    int count = 0;
-    while (i < format.size() && format[i] >= '0' && format[i] <= '9') {
-        count = count * 10 + (format[i] - '0');
-        if (count > 100000) badFormat(format);
-        ++i;
-    }
-    return count;
+char* put(char* out, std::string_view text) {
+    std::memcpy(out, text.data(), text.size());
+    return out + text.size();
 }
 
-// Sets the flag a character stands for; false when it is no flag.
-bool readFlag(char c, Directive& directive) {
-    switch (c) {
-        case '-': directive.left = true; return true;
-        case '+': directive.plus = true; return true;
-        case ' ': directive.blank = true; return true;
-        case '0': directive.zero = true; return true;
-        case '#': directive.alternate = true; return true;
-        default: return false;
-    }
+// A piece's literal: a short one in one fixed-size move, which the room
+// reserved for the number after it (or the format's slack) makes safe.
+char* putLiteral(char* out, const char* literal, std::size_t length) {
+    if (length <= Format::slack)
+        std::memcpy(out, literal, Format::slack);
+    else
+        std::memcpy(out, literal, length);
+    return out + length;
 }
 
-// Reads the flags, width, precision, length and conversion letter after a '%' at i.
-Directive readDirective(std::string_view format, std::size_t& i) {
-    Directive directive;
-    while (i < format.size() && readFlag(format[i], directive)) ++i;
-    directive.width = readCount(format, i);
-    if (i < format.size() && format[i] == '.') {
-        ++i;
-        directive.precision = readCount(format, i);
-    }
-    while (i < format.size() && (format[i] == 'h' || format[i] == 'l')) {
-        if (format[i] == 'l' && i + 1 < format.size() && format[i + 1] == 'l') {
-            directive.longLong = true;
-            ++i;
-        }
-        ++i;
-    }
-    if (i == format.size()) badFormat(format);
-    directive.conversion = format[i++];
-    return directive;
+char* putRepeated(char* out, std::size_t count, char c) {
+    std::memset(out, c, count);
+    return out + count;
 }
 
-// Pads a sign (or prefix) and digits to the width, with zeros after the sign
-// when asked, else with blanks on the side the flags say.
-std::string pad(const Directive& directive, std::string_view prefix, std::string_view digits,
-                bool zeroAllowed) {
+// A sign (or prefix) and digits padded to the width: with zeros after the
+// sign when asked, else with blanks on the side the flags say.
+char* putPadded(char* out, const Directive& directive, std::string_view prefix,
+                std::string_view digits, bool zeroAllowed) {
     std::size_t length = prefix.size() + digits.size();
     std::size_t width = static_cast<std::size_t>(directive.width);
-    std::string out;
-    if (length >= width) {
-        out.append(prefix).append(digits);
-    } else if (directive.left) {
-        out.append(prefix).append(digits).append(width - length, ' ');
-    } else if (directive.zero && zeroAllowed) {
-        out.append(prefix).append(width - length, '0').append(digits);
-    } else {
-        out.append(width - length, ' ').append(prefix).append(digits);
-    }
-    return out;
+    std::size_t fill = length < width ? width - length : 0;
+    if (fill == 0) return put(put(out, prefix), digits);
+    if (directive.left) return putRepeated(put(put(out, prefix), digits), fill, ' ');
+    if (directive.zero && zeroAllowed) return put(putRepeated(put(out, prefix), fill, '0'), digits);
+    return put(put(putRepeated(out, fill, ' '), prefix), digits);
 }
 
 std::string_view signPrefix(const Directive& directive, bool negative) {
@@ -95,35 +54,66 @@ std::string_view signPrefix(const Directive& directive, bool negative) {
     return "";
 }
 
-std::string formatSigned(const Directive& directive, long long value) {
-    unsigned long long magnitude = value < 0 ? 0ULL - static_cast<unsigned long long>(value)
-                                             : static_cast<unsigned long long>(value);
-    std::string digits;
-    if (!(directive.precision == 0 && magnitude == 0)) digits = std::to_string(magnitude);
-    if (directive.precision > 0 && digits.size() < static_cast<std::size_t>(directive.precision)) {
-        digits.insert(0, static_cast<std::size_t>(directive.precision) - digits.size(), '0');
+constexpr char digitPairs[] =
+    "00010203040506070809101112131415161718192021222324252627282930313233343536373839"
+    "40414243444546474849505152535455565758596061626364656667686970717273747576777879"
+    "8081828384858687888990919293949596979899";
+
+// The decimal digits of a whole number, written backwards from `end`; the
+// first digit's place.
+char* decimalDigits(char* end, std::uint64_t value) {
+    while (value >= 100) {
+        std::uint64_t pair = value % 100;
+        value /= 100;
+        end -= 2;
+        std::memcpy(end, digitPairs + 2 * pair, 2);
     }
-    return pad(directive, signPrefix(directive, value < 0), digits, directive.precision < 0);
+    if (value >= 10) {
+        end -= 2;
+        std::memcpy(end, digitPairs + 2 * value, 2);
+    } else {
+        *--end = static_cast<char>('0' + value);
+    }
+    return end;
 }
 
-std::string formatUnsigned(const Directive& directive, long long value) {
+// The digits of a whole number in base 10 or 16, with at least `precision`
+// of them (none for a zero with precision 0), in buffer.
+std::string_view wholeDigits(char (&buffer)[48], unsigned long long value, int base,
+                             const Directive& directive) {
+    char* end = buffer + sizeof buffer;
+    char* begin = buffer + 24;
+    if (base == 10)
+        begin = decimalDigits(end, value);
+    else
+        end = std::to_chars(begin, end, value, base).ptr;
+    if (directive.precision == 0 && value == 0) begin = end;
+    while (directive.precision > 0 && end - begin < directive.precision && begin > buffer)
+        *--begin = '0';
+    if (directive.conversion == 'X')
+        for (char* c = begin; c < end; ++c)
+            if (*c >= 'a' && *c <= 'f') *c = static_cast<char>(*c - 'a' + 'A');
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+char* putSigned(char* out, const Directive& directive, long long value) {
+    unsigned long long magnitude = value < 0 ? 0ULL - static_cast<unsigned long long>(value)
+                                             : static_cast<unsigned long long>(value);
+    char buffer[48];
+    return putPadded(out, directive, signPrefix(directive, value < 0),
+                     wholeDigits(buffer, magnitude, 10, directive), directive.precision < 0);
+}
+
+char* putUnsigned(char* out, const Directive& directive, long long value) {
     unsigned long long bits = directive.longLong ? static_cast<unsigned long long>(value)
                                                  : static_cast<std::uint32_t>(value);
     int base = directive.conversion == 'u' ? 10 : 16;
-    char buffer[32];
-    auto result = std::to_chars(buffer, buffer + sizeof buffer, bits, base);
-    std::string digits(buffer, result.ptr);
-    if (directive.conversion == 'X') {
-        for (char& c : digits) c = (c >= 'a' && c <= 'f') ? static_cast<char>(c - 'a' + 'A') : c;
-    }
-    if (directive.precision == 0 && bits == 0) digits.clear();
-    if (directive.precision > 0 && digits.size() < static_cast<std::size_t>(directive.precision)) {
-        digits.insert(0, static_cast<std::size_t>(directive.precision) - digits.size(), '0');
-    }
+    char buffer[48];
     std::string_view prefix;
     if (directive.alternate && bits != 0 && base == 16)
         prefix = directive.conversion == 'X' ? "0X" : "0x";
-    return pad(directive, prefix, digits, directive.precision < 0);
+    return putPadded(out, directive, prefix, wholeDigits(buffer, bits, base, directive),
+                     directive.precision < 0);
 }
 
 // The platform's C runtime's own printf. On Windows that is the system's
@@ -144,7 +134,7 @@ int systemPrintf(char* out, std::size_t size, const char* format, Values... valu
 // Infinity and not-a-number are left to the platform's C runtime, whose
 // spelling the hosts know ("inf", "-nan" or "1.#QNAN0"); flags, width and
 // precision are handed over whole, as some runtimes use the precision too.
-std::string formatNonFinite(const Directive& directive, double value) {
+std::string nonFinite(const Directive& directive, double value) {
     std::string format = "%";
     if (directive.left) format += '-';
     if (directive.plus) format += '+';
@@ -156,86 +146,337 @@ std::string formatNonFinite(const Directive& directive, double value) {
     }
     format += directive.conversion;
     int length = systemPrintf(nullptr, 0, format.c_str(), value);
-    if (length <= 0) return "";
-    std::string out(static_cast<std::size_t>(length) + 1, '\0');
-    systemPrintf(out.data(), out.size(), format.c_str(), value);
-    out.resize(static_cast<std::size_t>(length));
-    return out;
+    if (length <= 0) return {};
+    std::string text(static_cast<std::size_t>(length) + 1, '\0');
+    systemPrintf(text.data(), text.size(), format.c_str(), value);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
 }
 
-std::string formatReal(const Directive& directive, double value) {
-    if (!std::isfinite(value)) return formatNonFinite(directive, value);
-    int precision = directive.precision < 0 ? 6 : directive.precision;
-    std::string buffer(static_cast<std::size_t>(precision) + 330, '\0');
-    auto result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                std::chars_format::fixed, precision);
-    std::string digits(buffer.data(), result.ptr);
-    if (directive.alternate && precision == 0) digits += '.';
-    return pad(directive, signPrefix(directive, std::signbit(value)), digits, true);
+constexpr std::uint32_t powersOfTen[] = {1,      10,      100,      1000,      10000,
+                                         100000, 1000000, 10000000, 100000000, 1000000000};
+constexpr int fastestDecimals = 9;
+
+// An unsigned 128-bit number in four 32-bit limbs, the least first: as much
+// arithmetic as the exact printing needs, the same on every platform.
+struct Wide {
+    std::uint32_t limb[4] = {0, 0, 0, 0};
+
+    // a * b for a below 2^64 and b below 2^32.
+    static Wide product(std::uint64_t a, std::uint32_t b) {
+        Wide w;
+        std::uint64_t low = (a & 0xFFFFFFFFu) * b;
+        std::uint64_t high = (a >> 32) * b + (low >> 32);
+        w.limb[0] = static_cast<std::uint32_t>(low);
+        w.limb[1] = static_cast<std::uint32_t>(high);
+        w.limb[2] = static_cast<std::uint32_t>(high >> 32);
+        return w;
+    }
+    bool bit(int i) const { return (limb[i / 32] >> (i % 32)) & 1u; }
+    // The number shifted right by k bits (k below 128).
+    Wide shiftedRight(int k) const {
+        Wide w;
+        for (int i = 0; i < 4; ++i) {
+            int from = i + k / 32, shift = k % 32;
+            std::uint64_t pair = from < 4 ? limb[from] : 0;
+            if (from + 1 < 4) pair |= static_cast<std::uint64_t>(limb[from + 1]) << 32;
+            w.limb[i] = static_cast<std::uint32_t>(pair >> shift);
+        }
+        return w;
+    }
+    // Compares the k lowest bits with 2^(k-1): -1 below, 0 equal, 1 above.
+    int lowBitsAgainstHalf(int k) const {
+        if (!bit(k - 1)) return -1;
+        for (int i = 0; i < k - 1; ++i)
+            if (bit(i)) return 1;
+        return 0;
+    }
+    void increment() {
+        for (std::uint32_t& l : limb)
+            if (++l != 0) break;
+    }
+    // Divides by d (below 2^32) and gives the remainder.
+    std::uint32_t divide(std::uint32_t d) {
+        std::uint64_t rest = 0;
+        for (int i = 3; i >= 0; --i) {
+            std::uint64_t current = (rest << 32) | limb[i];
+            limb[i] = static_cast<std::uint32_t>(current / d);
+            rest = current % d;
+        }
+        return static_cast<std::uint32_t>(rest);
+    }
+    std::uint64_t low64() const { return limb[0] | static_cast<std::uint64_t>(limb[1]) << 32; }
+};
+
+// The number of decimal digits of a whole number (1 for 0).
+int digitCount(std::uint64_t value) {
+    static constexpr std::uint64_t powers[] = {1ULL,
+                                               10ULL,
+                                               100ULL,
+                                               1000ULL,
+                                               10000ULL,
+                                               100000ULL,
+                                               1000000ULL,
+                                               10000000ULL,
+                                               100000000ULL,
+                                               1000000000ULL,
+                                               10000000000ULL,
+                                               100000000000ULL,
+                                               1000000000000ULL,
+                                               10000000000000ULL,
+                                               100000000000000ULL,
+                                               1000000000000000ULL,
+                                               10000000000000000ULL,
+                                               100000000000000000ULL,
+                                               1000000000000000000ULL,
+                                               10000000000000000000ULL};
+    value |= 1;                                        // the same count, and 0 counts as 1
+    int guess = (std::bit_width(value) * 1233) >> 12;  // log10 from log2, at most one too high
+    return guess - (value < powers[guess] ? 1 : 0) + 1;
 }
 
-std::string formatOne(const Directive& directive, const FormatArg& arg, std::string_view format) {
+// `count` digits of a whole number below 10^count, written backwards from
+// `end` straight into the output.
+void putDigitsBackwards(char* end, std::uint64_t value, int count) {
+    for (; count >= 2; count -= 2) {
+        end -= 2;
+        std::memcpy(end, digitPairs + 2 * (value % 100), 2);
+        value /= 100;
+    }
+    if (count == 1) end[-1] = static_cast<char>('0' + value);
+}
+
+// A whole number scaled by 10^decimals, written with its decimal point:
+// 392650 with 3 decimals is "392.650", 5 is "0.005". The decimals are a
+// constant, so the split into whole and fraction costs no division.
+template <int decimals>
+char* putPointed(char* out, std::uint64_t scaled) {
+    constexpr std::uint64_t scale = powersOfTen[decimals];
+    std::uint64_t integer = scaled / scale;
+    int length = digitCount(integer);
+    putDigitsBackwards(out + length, integer, length);
+    out += length;
+    if constexpr (decimals > 0) {
+        *out++ = '.';
+        putDigitsBackwards(out + decimals, scaled % scale, decimals);
+    }
+    return out + decimals;
+}
+
+char* putPointed(char* out, std::uint64_t scaled, int decimals) {
+    switch (decimals) {
+        case 0: return putPointed<0>(out, scaled);
+        case 1: return putPointed<1>(out, scaled);
+        case 2: return putPointed<2>(out, scaled);
+        case 3: return putPointed<3>(out, scaled);
+        case 4: return putPointed<4>(out, scaled);
+        case 5: return putPointed<5>(out, scaled);
+        case 6: return putPointed<6>(out, scaled);
+        case 7: return putPointed<7>(out, scaled);
+        case 8: return putPointed<8>(out, scaled);
+        default: return putPointed<9>(out, scaled);
+    }
+}
+
+// A finite non-negative value with that many decimals (at most nine),
+// rounded from its exact binary value, ties to even: the value is m * 2^e,
+// so m * 10^decimals / 2^-e is worked out exactly, in 64 bits where it fits.
+// Nothing (nullptr) for a value of 2^63 or more, left to the general printer.
+char* putFastFixed(char* out, double magnitude, int decimals) {
+    std::uint64_t bits;
+    std::memcpy(&bits, &magnitude, sizeof bits);
+    int biased = static_cast<int>((bits >> 52) & 0x7FF);
+    std::uint64_t mantissa = bits & ((1ULL << 52) - 1);
+    int exponent = biased == 0 ? -1074 : biased - 1075;
+    if (biased != 0) mantissa |= 1ULL << 52;
+    std::uint32_t scale = powersOfTen[decimals];
+    std::uint64_t exact;
+    if (exponent < 0 && exponent > -64 && !__builtin_mul_overflow(mantissa, scale, &exact)) {
+        int shift = -exponent;
+        std::uint64_t quotient = exact >> shift;
+        std::uint64_t rest = exact & ((1ULL << shift) - 1);
+        std::uint64_t half = 1ULL << (shift - 1);
+        if (rest > half || (rest == half && (quotient & 1) != 0)) ++quotient;
+        return putPointed(out, quotient, decimals);
+    }
+    Wide scaled;
+    if (exponent >= 0) {
+        if (exponent > 10) return nullptr;
+        scaled = Wide::product(mantissa << exponent, scale);
+    } else if (-exponent < 90) {  // beyond, m * 10^9 < 2^83 is below half of 2^-e: 0
+        int shift = -exponent;
+        Wide whole = Wide::product(mantissa, scale);
+        scaled = whole.shiftedRight(shift);
+        int against = whole.lowBitsAgainstHalf(shift);
+        if (against > 0 || (against == 0 && scaled.bit(0))) scaled.increment();
+    }
+    std::uint32_t fraction = scaled.divide(scale);
+    char* end = putPointed<0>(out, scaled.low64());
+    if (decimals == 0) return end;
+    *end++ = '.';
+    putDigitsBackwards(end + decimals, fraction, decimals);
+    return end + decimals;
+}
+
+// The digits of a finite value of any size, through the C++ runtime's exact
+// printer.
+std::string generalFixed(double magnitude, int decimals) {
+    std::string digits(static_cast<std::size_t>(decimals) + 330, '\0');
+    auto result = std::to_chars(digits.data(), digits.data() + digits.size(), magnitude,
+                                std::chars_format::fixed, decimals);
+    digits.resize(static_cast<std::size_t>(result.ptr - digits.data()));
+    return digits;
+}
+
+char* putReal(char* out, const Directive& directive, double value) {
+    if (!std::isfinite(value)) {
+        std::string text = nonFinite(directive, value);
+        return put(out, text);
+    }
+    int decimals = directive.precision < 0 ? 6 : directive.precision;
+    bool negative = std::signbit(value);
+    double magnitude = std::fabs(value);
+    if (decimals <= fastestDecimals && directive.width == 0 && !directive.alternate &&
+        !directive.plus && !directive.blank) {
+        char* start = out;  // nothing to pad: the usual "%0.3lf"
+        if (negative) *start++ = '-';
+        if (char* end = putFastFixed(start, magnitude, decimals)) return end;
+    }
+    std::string_view sign = signPrefix(directive, negative);
+    char buffer[64];
+    std::string general;
+    std::string_view digits;
+    if (decimals <= fastestDecimals) {
+        if (char* end = putFastFixed(buffer, magnitude, decimals))
+            digits = std::string_view(buffer, static_cast<std::size_t>(end - buffer));
+    }
+    if (digits.empty()) {
+        general = generalFixed(magnitude, decimals);
+        digits = general;
+    }
+    if (directive.alternate && decimals == 0) {
+        general.assign(digits);
+        general += '.';
+        digits = general;
+    }
+    return putPadded(out, directive, sign, digits, true);
+}
+
+std::string_view textOf(const Directive& directive, const FormatArg& arg) {
+    std::string_view text = arg.text();
+    if (directive.precision >= 0)
+        text = text.substr(0, static_cast<std::size_t>(directive.precision));
+    return text;
+}
+
+// Room a text argument takes once formatted, beyond the format's fixed room.
+std::size_t textRoom(const Directive& directive, const FormatArg& arg) {
+    return textOf(directive, arg).size() + static_cast<std::size_t>(directive.width);
+}
+
+char* putOne(char* out, const Directive& directive, const FormatArg& arg, const Format& format,
+             long& lineFeeds) {
     using Kind = FormatArg::Kind;
     switch (directive.conversion) {
         case 'd':
         case 'i':
-            if (arg.kind() != Kind::whole) badFormat(format);
+            if (arg.kind() != Kind::whole) badArguments(format);
             // Without "ll" the value is a C int.
-            return formatSigned(directive, directive.longLong
-                                               ? arg.whole()
-                                               : static_cast<std::int32_t>(arg.whole()));
+            return putSigned(
+                out, directive,
+                directive.longLong ? arg.whole() : static_cast<std::int32_t>(arg.whole()));
         case 'u':
         case 'x':
         case 'X':
-            if (arg.kind() != Kind::whole) badFormat(format);
-            return formatUnsigned(directive, arg.whole());
+            if (arg.kind() != Kind::whole) badArguments(format);
+            return putUnsigned(out, directive, arg.whole());
         case 'c': {
-            if (arg.kind() != Kind::whole) badFormat(format);
+            if (arg.kind() != Kind::whole) badArguments(format);
             char c = static_cast<char>(arg.whole());
-            return pad(directive, "", std::string_view(&c, 1), false);
+            lineFeeds += c == '\n' ? 1 : 0;
+            return putPadded(out, directive, "", std::string_view(&c, 1), false);
         }
         case 's': {
-            if (arg.kind() != Kind::text) badFormat(format);
-            std::string_view text = arg.text();
-            if (directive.precision >= 0)
-                text = text.substr(0, static_cast<std::size_t>(directive.precision));
-            return pad(directive, "", text, false);
+            if (arg.kind() != Kind::text) badArguments(format);
+            std::string_view text = textOf(directive, arg);
+            for (char c : text) lineFeeds += c == '\n' ? 1 : 0;
+            return putPadded(out, directive, "", text, false);
         }
-        case 'f':
-        case 'F':
-            if (arg.kind() != Kind::real) badFormat(format);
-            return formatReal(directive, arg.real());
-        default: badFormat(format);
+        default:  // 'f', 'F': the format took apart nothing else
+            if (arg.kind() != Kind::real) badArguments(format);
+            return putReal(out, directive, arg.real());
     }
 }
+
+// The output string as a sink: small pieces go through a block on the stack,
+// which the string takes in one append.
+class StringSink final : public TextSink {
+public:
+    explicit StringSink(std::string& text) : text_(text) {}
+    char* room(std::size_t n) override {
+        if (n <= sizeof block_) return block_;
+        start_ = text_.size();
+        text_.resize(start_ + n);
+        return text_.data() + start_;
+    }
+    void used(std::size_t n) override {
+        if (start_ == npos)
+            text_.append(block_, n);
+        else
+            text_.resize(start_ + n);
+    }
+
+private:
+    static constexpr std::size_t npos = static_cast<std::size_t>(-1);
+    std::string& text_;
+    std::size_t start_ = npos;
+    char block_[2048];
+};
 
 }  // namespace
 
-std::string formatArgs(std::string_view format, std::initializer_list<FormatArg> args) {
-    std::string out;
+long appendFormatted(TextSink& sink, const Format& format, std::initializer_list<FormatArg> args) {
+    std::span<const Format::Piece> pieces = format.pieces();
+    std::size_t room = format.fixedRoom() + Format::slack;
     auto next = args.begin();
-    for (std::size_t i = 0; i < format.size();) {
-        std::size_t percent = format.find('%', i);
-        out.append(format.substr(i, percent - i));
-        if (percent == std::string_view::npos) break;
-        i = percent + 1;
-        if (i < format.size() && format[i] == '%') {
-            out += '%';
-            ++i;
-            continue;
-        }
-        Directive directive = readDirective(format, i);
-        if (next == args.end()) badFormat(format);
-        out += formatOne(directive, *next++, format);
+    for (const Format::Piece& piece : pieces) {
+        if (!piece.converts) continue;
+        if (next == args.end()) badArguments(format);
+        if (piece.directive.conversion == 's') room += textRoom(piece.directive, *next);
+        ++next;
     }
-    return out;
+    if (next != args.end()) badArguments(format);
+    char* start = sink.room(room);
+    char* out = start;
+    long lineFeeds = format.literalLineFeeds();
+    next = args.begin();
+    for (const Format::Piece& piece : pieces) {
+        out = putLiteral(out, format.literal(piece), piece.literalLength);
+        if (piece.converts) out = putOne(out, piece.directive, *next++, format, lineFeeds);
+    }
+    sink.used(static_cast<std::size_t>(out - start));
+    return lineFeeds;
 }
 
-std::string formatFixed(double value, int decimals) {
+long appendFormatted(std::string& text, const Format& format,
+                     std::initializer_list<FormatArg> args) {
+    StringSink sink(text);
+    return appendFormatted(sink, format, args);
+}
+
+void appendFixed(std::string& text, double value, int decimals) {
     Directive directive;
     directive.conversion = 'f';
     directive.precision = decimals < 0 ? 0 : decimals;
-    return formatReal(directive, value);
+    StringSink sink(text);
+    char* start = sink.room(numberRoom(directive));
+    sink.used(static_cast<std::size_t>(putReal(start, directive, value) - start));
+}
+
+std::string formatFixed(double value, int decimals) {
+    std::string out;
+    appendFixed(out, value, decimals);
+    return out;
 }
 
 }  // namespace quelcnv

@@ -2,22 +2,22 @@
 
 namespace quelcnv {
 
-std::optional<std::string_view> Tokenizer::next(std::string_view separators) {
-    std::size_t start = text_.find_first_not_of(separators, position_);
-    if (start == std::string_view::npos) {
+std::optional<std::string_view> Tokenizer::next(const Separators& separators) {
+    const char* begin = text_.data();
+    const char* end = begin + text_.size();
+    const char* start = begin + position_;
+    while (start < end && separators.has(*start)) ++start;
+    if (start == end) {
         position_ = text_.size();
         return std::nullopt;
     }
-    std::size_t end = text_.find_first_of(separators, start);
-    if (end == std::string_view::npos) {
-        position_ = text_.size();
-        return text_.substr(start);
-    }
-    position_ = end + 1;
-    return text_.substr(start, end - start);
+    const char* stop = start + 1;
+    while (stop < end && !separators.has(*stop)) ++stop;
+    position_ = static_cast<std::size_t>(stop - begin) + (stop < end ? 1 : 0);
+    return std::string_view(start, static_cast<std::size_t>(stop - start));
 }
 
-std::vector<std::string_view> leadingFields(std::string_view text, std::string_view separators,
+std::vector<std::string_view> leadingFields(std::string_view text, const Separators& separators,
                                             std::size_t count) {
     std::vector<std::string_view> fields;
     Tokenizer tokens(text);

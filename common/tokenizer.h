@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,20 @@
 #include "common/numbers.h"
 
 namespace quelcnv {
+
+// A set of separator characters, looked up in a table of 256 entries. A literal
+// ("\t ,") makes one when the program is compiled.
+class Separators {
+public:
+    consteval Separators(const char* chars) : Separators(std::string_view(chars)) {}
+    constexpr explicit Separators(std::string_view chars) {
+        for (char c : chars) table_[static_cast<unsigned char>(c)] = true;
+    }
+    constexpr bool has(char c) const { return table_[static_cast<unsigned char>(c)]; }
+
+private:
+    std::array<bool, 256> table_{};
+};
 
 // Hands out the tokens of a text one by one:
 // - leading separators are skipped, so runs of separators count as one;
@@ -22,7 +37,7 @@ class Tokenizer {
 public:
     explicit Tokenizer(std::string_view text) : text_(text) {}
 
-    std::optional<std::string_view> next(std::string_view separators);
+    std::optional<std::string_view> next(const Separators& separators);
     // The text after the last token and the separator that ended it, unsplit.
     std::string_view rest() const { return text_.substr(position_); }
 
@@ -32,11 +47,11 @@ private:
 };
 
 // Separator sets used across the converters.
-inline constexpr std::string_view blanksAndTabs = " \t";
-inline constexpr std::string_view blanksTabsAndNewlines = " \t\n";
+inline constexpr Separators blanksAndTabs = " \t";
+inline constexpr Separators blanksTabsAndNewlines = " \t\n";
 
 // The first count tokens of a text (fewer when it has fewer).
-std::vector<std::string_view> leadingFields(std::string_view text, std::string_view separators,
+std::vector<std::string_view> leadingFields(std::string_view text, const Separators& separators,
                                             std::size_t count);
 
 // A line whose first character is "#": a comment in many of the formats.
@@ -45,7 +60,7 @@ bool isCommentLine(std::string_view line);
 // The next count tokens, or nothing when one is missing.
 template <std::size_t count>
 std::optional<std::array<std::string_view, count>> nextTokens(Tokenizer& tokens,
-                                                              std::string_view separators) {
+                                                              const Separators& separators) {
     std::array<std::string_view, count> fields;
     for (std::string_view& field : fields) {
         auto token = tokens.next(separators);
@@ -59,11 +74,13 @@ std::optional<std::array<std::string_view, count>> nextTokens(Tokenizer& tokens,
 // nothing when a token is missing.
 template <std::size_t count>
 std::optional<std::array<double, count>> nextNumbers(Tokenizer& tokens,
-                                                     std::string_view separators) {
-    auto fields = nextTokens<count>(tokens, separators);
-    if (!fields) return std::nullopt;
+                                                     const Separators& separators) {
     std::array<double, count> values;
-    for (std::size_t i = 0; i < count; ++i) values[i] = parseNumber((*fields)[i]);
+    for (double& value : values) {
+        std::optional<std::string_view> token = tokens.next(separators);
+        if (!token) return std::nullopt;
+        value = parseNumber(*token);
+    }
     return values;
 }
 

@@ -15,7 +15,7 @@ namespace quelcnv {
 
 namespace {
 
-constexpr std::string_view separators = " ,\t";
+constexpr Separators separators = " ,\t";
 
 bool isPkWord(std::optional<std::string_view> token) {
     return token && equalsIgnoringCase(*token, "\"PK\"");
@@ -108,7 +108,7 @@ Outcome importCartomapSections(const std::string& entrada, const std::string& sa
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const SectionPoint& p : points)
-        out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+        out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
     return out.complete();
 }
 

@@ -95,7 +95,8 @@ Outcome importClipTerSections(const std::string& entrada, const std::string& rux
         auto points = sectionPoints(distances, elevations, capacity);
         if (!points) return Outcome::failed(Failure::tooLarge, in.lineNumber());
         for (const SectionPoint& p : *points)
-            files.out.print("%9.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+            files.out.print("%9.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation,
+                            p.code);
     }
     return files.finish();
 }

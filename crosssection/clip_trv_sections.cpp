@@ -34,8 +34,8 @@ void writePoint(OutputFile& out, std::string_view line, Section& section) {
     if (!code.empty()) code.pop_back();
     double offset = parseNumber(*offsetText);
     if (offset != section.previousOffset) {
-        out.print("%8.3lf %8.3lf %8.3lf %s\n", section.station, offset, parseNumber(*elevationText),
-                  code);
+        out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, section.station, offset,
+                  parseNumber(*elevationText), code);
     }
     section.previousOffset = offset;
 }

@@ -28,7 +28,7 @@ Outcome importHtrazadoSections(const std::string& entrada, const std::string& ru
         }
         ValueScanner scan(line);  // "offset , elevation"
         if (scan.number(offset) && scan.literal(',')) scan.number(elevation);
-        files.out.print("%10.3lf %8.3lf %8.3lf\n", station, offset, elevation);
+        files.out.print("%10.3lf %8.3lf %8.3lf\n"_fmt, station, offset, elevation);
     }
     return files.finish();
 }

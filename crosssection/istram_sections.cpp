@@ -18,7 +18,7 @@ namespace quelcnv {
 namespace {
 
 // Fields of these files are separated by blanks and line feeds only.
-constexpr std::string_view separators = " \n";
+constexpr Separators separators = " \n";
 constexpr std::int32_t sectionRecordType = 4;
 constexpr std::size_t sectionRecordFields = 6;
 // Offsets compare with this before the first point of a section is written.
@@ -98,7 +98,7 @@ void writeSection(OutputFile& out, std::vector<SectionPoint>& points, const Sect
     double written = noOffset;
     for (const SectionPoint& p : points) {
         if (p.offset == written) continue;
-        out.print("%9.3lf %8.3lf %8.3lf\n", header.station, p.offset, p.elevation);
+        out.print("%9.3lf %8.3lf %8.3lf\n"_fmt, header.station, p.offset, p.elevation);
         written = p.offset;
     }
 }

@@ -18,7 +18,7 @@ namespace {
 // Header lines are longer than this, line break included.
 constexpr std::size_t shortestHeader = 17;
 constexpr std::size_t pointsPerLine = 7;
-constexpr std::string_view pointSeparators = " \n";
+constexpr Separators pointSeparators = " \n";
 
 struct Header {
     double station;
@@ -92,7 +92,7 @@ Outcome importMxroadSections(const std::string& entrada, const std::string& ruxo
     OutputFile out;
     if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
     for (const SectionPoint& p : *points)
-        out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+        out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
     return out.complete();
 }
 

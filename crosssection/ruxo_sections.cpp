@@ -16,13 +16,13 @@ namespace {
 
 void writeNevoPoint(OutputFile& out, const SectionPoint& p) {
     if (!p.code.empty())
-        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n", p.station, p.offset, p.elevation, p.code);
+        out.print("%0.3lf,%0.3lf,%0.3lf,%s\n"_fmt, p.station, p.offset, p.elevation, p.code);
     else
-        out.print("%0.3lf,%0.3lf,%0.3lf\n", p.station, p.offset, p.elevation);
+        out.print("%0.3lf,%0.3lf,%0.3lf\n"_fmt, p.station, p.offset, p.elevation);
 }
 
 void writeFixedWidthPoint(OutputFile& out, const SectionPoint& p) {
-    out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+    out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
 }
 
 // Counts the points written, and the sections: runs of points at one station.
@@ -61,7 +61,7 @@ SectionPoints readPoints(const std::string& path, LineRule readLine,
     SectionPoints read;
     LineReader reader;
     if (!reader.open(path)) return {Outcome::failed(Failure::inputUnreadable), {}};
-    std::string line;
+    std::string_view line;
     while (readLine(reader, line)) {
         if (std::optional<SectionPoint> p = pointOf(line)) read.points.push_back(std::move(*p));
     }

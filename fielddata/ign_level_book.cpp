@@ -129,8 +129,8 @@ bool readStamp(Tokenizer& fields, int limit, Stamp& stamp) {
         if (!field) return false;
         if (field->size() < stampLength) continue;
         std::string_view p = *field;
-        stamp.date = formatText("%s/%s/%s", p.substr(4, 2), p.substr(2, 2), p.substr(0, 2));
-        stamp.time = formatText("%s:%s", p.substr(6, 2), p.substr(8, 2));
+        stamp.date = formatText("%s/%s/%s"_fmt, p.substr(4, 2), p.substr(2, 2), p.substr(0, 2));
+        stamp.time = formatText("%s:%s"_fmt, p.substr(6, 2), p.substr(8, 2));
         return true;
     }
     return true;
@@ -216,15 +216,15 @@ void writeHeader(OutputFile& out, const LevelBookHeader& header, const LevelRead
     company += header.empresa;
     std::string observer = "OPERADOR: ";
     observer += header.operador;
-    out.print("%-44s%-44s\n", company, observer);
+    out.print("%-44s%-44s\n"_fmt, company, observer);
     out.print(
         "NIVEL:   KELDAR   MODELO: KL500             N/S:    %s CU\xA5"
-        "A: \n",
+        "A: \n"_fmt,
         header.nserie);
-    out.print("CLV SAL: %-6d   FECHA:  %-8s HORA:    %-8sMIRA1: %s\n", startCode(readings.records),
-              readings.start.date, readings.start.time, header.mira1);
-    out.print("CLV FIN: %-6d   FECHA:  %-8s HORA:    %-8sMIRA2: %s\n\n", endCode(readings.records),
-              readings.end.date, readings.end.time, header.mira2);
+    out.print("CLV SAL: %-6d   FECHA:  %-8s HORA:    %-8sMIRA1: %s\n"_fmt,
+              startCode(readings.records), readings.start.date, readings.start.time, header.mira1);
+    out.print("CLV FIN: %-6d   FECHA:  %-8s HORA:    %-8sMIRA2: %s\n\n"_fmt,
+              endCode(readings.records), readings.end.date, readings.end.time, header.mira2);
     out.write(repeatedLine('_'));
     out.write(
         "00000000011111111112222222222333333333344444444445555555555666666666677777777778888888\n");
@@ -251,7 +251,7 @@ void writeSetUp(OutputFile& out, const std::vector<LevelRecord>& records, std::s
     const LevelRecord* f1 = recordOfKind(records, k + 1, RecordKind::foreFirst);
     const LevelRecord* f2 = f1 ? recordOfKind(records, k + 2, RecordKind::foreSecond) : nullptr;
     const LevelRecord* b2 = f2 ? recordOfKind(records, k + 3, RecordKind::backSecond) : nullptr;
-    out.print("%-8d%7.2lf%8.2lf%11.5lf%8.5lf%7.2lf%8.2lf%11.5lf%8.5lf  %-8d\n", b1.point,
+    out.print("%-8d%7.2lf%8.2lf%11.5lf%8.5lf%7.2lf%8.2lf%11.5lf%8.5lf  %-8d\n"_fmt, b1.point,
               b1.distance, distanceOf(b2), b1.reading, readingOf(b2), distanceOf(f1),
               distanceOf(f2), readingOf(f1), readingOf(f2), f1 ? f1->point : 0);
 }

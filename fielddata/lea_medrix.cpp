@@ -105,7 +105,7 @@ Outcome writeObservations(const std::string& salida, const std::vector<Observati
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const Observation& o : observations) {
-        out.print("%5s%6s%9.4lf%9.4lf%10.3lf%8.3lf%8.3lf\n", o.station, o.point, o.horizontal,
+        out.print("%5s%6s%9.4lf%9.4lf%10.3lf%8.3lf%8.3lf\n"_fmt, o.station, o.point, o.horizontal,
                   o.vertical, o.distance, o.targetHeight, o.instrumentHeight);
     }
     return out.complete();
@@ -115,7 +115,7 @@ Outcome writeObservations(const std::string& salida, const std::vector<Observati
 void writeCodes(const std::string& path, const std::vector<Observation>& observations) {
     OutputFile out;
     if (!out.open(path)) return;
-    for (const Observation& o : observations) out.print("%6s %8s\n", o.point, o.code);
+    for (const Observation& o : observations) out.print("%6s %8s\n"_fmt, o.point, o.code);
     out.finish();
 }
 

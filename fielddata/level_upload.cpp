@@ -62,7 +62,7 @@ std::vector<LevelPoint> readPoints(LineReader& reader) {
 
 void writePoints(OutputFile& out, const std::vector<LevelPoint>& points) {
     for (const LevelPoint& point : points)
-        out.print("z,01,%s,,,+%d,%s\n", point.name, millimetres(point.z), point.code);
+        out.print("z,01,%s,,,+%d,%s\n"_fmt, point.name, millimetres(point.z), point.code);
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace quelcnv {
 
 namespace {
 
-constexpr std::string_view observationSeparators = " ,\t\n";
+constexpr Separators observationSeparators = " ,\t\n";
 
 // The bare word "ruxo", in any letter case, is the collector's placeholder,
 // no point code for Medrix, and is written blank; only the bare word
@@ -33,7 +33,7 @@ void writeObservation(OutputFile& out, std::string_view line) {
     }
     std::string_view code = tokens.next(observationSeparators).value_or("");
     if (isRuxoCode(code)) code = {};
-    out.print("%9s%9s%11.4lf%10.4lf%10.3lf%7.3lf%7.3lf%7s\n", fields[0], fields[1],
+    out.print("%9s%9s%11.4lf%10.4lf%10.3lf%7.3lf%7.3lf%7s\n"_fmt, fields[0], fields[1],
               parseNumber(fields[2]), parseNumber(fields[3]), parseNumber(fields[4]),
               parseNumber(fields[5]), parseNumber(fields[6]), code);
 }

@@ -28,9 +28,9 @@ void writePoint(OutputFile& out, std::string_view line) {
     std::int32_t number = parseWhole(fields[0]);
     double x = parseNumber(fields[1]), y = parseNumber(fields[2]), z = parseNumber(fields[3]);
     if (auto code = tokens.next(blanksTabsAndNewlines))
-        out.print("%d,%0.3lf,%0.3lf,%0.3lf,%s\n", number, x, y, z, *code);
+        out.print("%d,%0.3lf,%0.3lf,%0.3lf,%s\n"_fmt, number, x, y, z, *code);
     else
-        out.print("%d,%0.3lf,%0.3lf,%0.3lf\n", number, x, y, z);
+        out.print("%d,%0.3lf,%0.3lf,%0.3lf\n"_fmt, number, x, y, z);
 }
 
 }  // namespace

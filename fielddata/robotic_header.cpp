@@ -69,7 +69,7 @@ Outcome convertRoboticHeader(const std::string& lecturas, const std::string& sal
     for (std::string* value : {&header->job, &header->date, &header->time})
         shiftLeadingBlanks(*value);
     return writeWholeFile(salida, [&](OutputFile& out) {
-        out.print("%s\n%s\n%s\n", header->job, header->date, header->time);
+        out.print("%s\n%s\n%s\n"_fmt, header->job, header->date, header->time);
     });
 }
 

@@ -271,7 +271,7 @@ void AlignmentReader::endDocument() {
     if (!elements_.empty()) closeAlignment();
     Outcome written = writeWholeFile(ruxoPath_, [&](OutputFile& out) {
         for (const GeometryElement& e : elements_)
-            out.print("%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\n", e.station, e.start.x,
+            out.print("%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\n"_fmt, e.station, e.start.x,
                       e.start.y, e.azimuth, e.parameter, e.radius);
     });
     if (!written.ok()) {

@@ -26,7 +26,7 @@ void writePoint(XmlWriter& writer, std::string_view name, std::optional<PlanePoi
     PlanePoint p = point.value_or(PlanePoint{});
     writer.clearAttributes();
     writer.writeStartElement(name);
-    writer.writeText(formatText("%0.6lf %0.6lf", p.y, p.x));
+    writer.writeText(formatText("%0.6lf %0.6lf"_fmt, p.y, p.x));
     writer.writeEndElement(name);
 }
 

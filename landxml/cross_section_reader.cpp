@@ -64,7 +64,7 @@ public:
     // Offset and elevation pairs; a lone last number is left out. The points
     // of a surface described as "left" have their offsets negated.
     void characters(std::string_view text) override {
-        constexpr std::string_view separators = " \n";
+        constexpr Separators separators = " \n";
         inPointList_ = false;
         bool left = equalsIgnoringCase(surfaceDescription_, "left");
         Tokenizer tokens(text);
@@ -78,7 +78,8 @@ public:
         std::stable_sort(points_.begin(), points_.end(), sortsBefore);
         outcome_ = writeWholeFile(ruxoPath_, [&](OutputFile& out) {
             for (const SectionPoint& p : points_)
-                out.print("%8.3lf %8.3lf %8.3lf %s\n", p.station, p.offset, p.elevation, p.code);
+                out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation,
+                          p.code);
         });
         outcome_.written.points = static_cast<long>(points_.size());
         outcome_.written.sections = countSections(points_);

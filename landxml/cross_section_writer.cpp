@@ -26,7 +26,7 @@ std::vector<Section> sectionsOf(const std::vector<SectionPoint>& points) {
         if (added) sections.push_back({station, {}});
         std::string& pairs = sections[at->second].pairs;
         if (!pairs.empty()) pairs += ' ';
-        pairs += formatText("%0.3lf %0.3lf", p.offset, p.elevation);
+        pairs += formatText("%0.3lf %0.3lf"_fmt, p.offset, p.elevation);
     }
     return sections;
 }

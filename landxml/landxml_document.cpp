@@ -70,11 +70,11 @@ std::tm localNow() {
 
 std::string landxmlDate(const std::tm& time) {
     int years = time.tm_year >= 100 ? time.tm_year - 100 : time.tm_year;
-    return formatText("200%d-%02d-%02d", years, time.tm_mon + 1, time.tm_mday);
+    return formatText("200%d-%02d-%02d"_fmt, years, time.tm_mon + 1, time.tm_mday);
 }
 
 std::string landxmlTime(const std::tm& time) {
-    return formatText("%02d:%02d:%02d", time.tm_hour, time.tm_min, time.tm_sec);
+    return formatText("%02d:%02d:%02d"_fmt, time.tm_hour, time.tm_min, time.tm_sec);
 }
 
 void writeAlignmentStart(XmlWriter& writer, const std::string& name, double staStart,

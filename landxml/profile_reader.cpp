@@ -64,7 +64,7 @@ public:
 
     // Station and elevation pairs; a lone last number is left out.
     void characters(std::string_view text) override {
-        constexpr std::string_view separators = " \n";
+        constexpr Separators separators = " \n";
         pointPending_ = false;
         Tokenizer tokens(text);
         while (auto pair = nextNumbers<2>(tokens, separators)) {
@@ -131,10 +131,10 @@ void ProfileReader::endDocument() {
     outcome_ = writeWholeFile(salida_, [&](OutputFile& out) {
         for (const ProfileVertex& v : vertices_) {
             if (columns_ == ProfileColumns::fiveColumns)
-                out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n", v.station, v.elevation, v.kv,
+                out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n"_fmt, v.station, v.elevation, v.kv,
                           v.tangent, v.external);
             else
-                out.print("%10.3lf %8.3lf %9.3lf\n", v.station, v.elevation, 2.0 * v.tangent);
+                out.print("%10.3lf %8.3lf %9.3lf\n"_fmt, v.station, v.elevation, 2.0 * v.tangent);
         }
     });
     outcome_.written.vertices = static_cast<long>(vertices_.size());

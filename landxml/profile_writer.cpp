@@ -12,7 +12,7 @@ void writeVertex(XmlWriter& writer, const ProfileVertex& vertex, bool withCurve)
     writer.clearAttributes();
     if (withCurve) writer.addNumberAttribute("length", 2.0 * vertex.tangent, 3);
     writer.writeStartElement(element);
-    writer.writeText(formatText("%0.3lf %0.3lf", vertex.station, vertex.elevation));
+    writer.writeText(formatText("%0.3lf %0.3lf"_fmt, vertex.station, vertex.elevation));
     writer.writeEndElement(element);
 }
 

@@ -37,7 +37,7 @@ std::optional<std::string_view> firstAttributeText(const XmlAttributes& attribut
 
 bool parsePointText(std::string_view text, PointText& point) {
     // Blanks and line feeds separate the numbers; a tab does not.
-    constexpr std::string_view separators = " \n";
+    constexpr Separators separators = " \n";
     point.z = 0.0;
     Tokenizer tokens(text);
     auto northing = tokens.next(separators);

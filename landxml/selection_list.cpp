@@ -6,7 +6,7 @@ namespace quelcnv {
 
 Outcome writeSelectionList(const std::vector<std::string>& names, const std::string& path) {
     return writeWholeFile(path, [&](OutputFile& out) {
-        for (const std::string& name : names) out.print("%s\n", name);
+        for (const std::string& name : names) out.print("%s\n"_fmt, name);
     });
 }
 

@@ -26,7 +26,7 @@ std::optional<ProfileVertex> parseVertex(std::string_view line) {
 }
 
 void writeEnd(OutputFile& out, const ProfileVertex& vertex) {
-    out.print("%0.3lf\t%0.3lf\t0.000\t0.000\t0.000\n", vertex.station, vertex.elevation);
+    out.print("%0.3lf\t%0.3lf\t0.000\t0.000\t0.000\n"_fmt, vertex.station, vertex.elevation);
 }
 
 // kv is the curve length over the change of grade: without a change it is
@@ -37,7 +37,7 @@ void writeInner(OutputFile& out, const Profile& vertices, std::size_t i) {
     double change = changeOfGrade(vertices, i);
     double kv = std::fabs(2.0 * vertex.tangent / change);
     double external = std::fabs(change * vertex.tangent * 0.25);
-    out.print("%0.3lf\t%0.3lf\t%0.3lf\t%0.3lf\t%0.3lf\n", vertex.station, vertex.elevation, kv,
+    out.print("%0.3lf\t%0.3lf\t%0.3lf\t%0.3lf\t%0.3lf\n"_fmt, vertex.station, vertex.elevation, kv,
               vertex.tangent, external);
 }
 

@@ -9,7 +9,7 @@ Outcome writeSuperelevationFile(const std::vector<SuperelevationRow>& rows,
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const SuperelevationRow& row : rows)
-        out.print("%8.3lf %6.3lf %6.3lf\n", row.station, row.firstFall, row.secondFall);
+        out.print("%8.3lf %6.3lf %6.3lf\n"_fmt, row.station, row.firstFall, row.secondFall);
     return out.complete();
 }
 

@@ -61,7 +61,7 @@ Outcome writeVelmProfile(const Profile& vertices, const std::string& salida) {
     OutputFile out;
     if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
     for (const ProfileVertex& vertex : vertices) {
-        out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n", vertex.station, vertex.elevation,
+        out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n"_fmt, vertex.station, vertex.elevation,
                   vertex.kv, vertex.tangent, vertex.external);
     }
     return withCount(out.complete(), &Written::vertices, vertices.size());

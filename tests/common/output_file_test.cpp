@@ -44,7 +44,7 @@ TEST_F(OutputFileTest, EveryLineFeedBecomesTheChosenNewline) {
     test::ScopedEnv newline("QUELCNV_NEWLINE", "crlf");
     OutputFile out;
     ASSERT_TRUE(out.open(file("out.txt")));
-    out.print("%0.3lf,%s\n", 1.5, "a\nb");
+    out.print("%0.3lf,%s\n"_fmt, 1.5, "a\nb");
     out.write("lone\rcr\n");
     ASSERT_TRUE(out.finish());
     EXPECT_EQ(test::readBytes(file("out.txt")), "1.500,a\r\nb\r\nlone\rcr\r\n");

@@ -77,7 +77,7 @@ TEST_F(FieldDataTest, SlopeDistanceAtZeroAndTwoHundredGrads) {
         ASSERT_EQ(MyDll_topoLea2Medrix(file("obra.lea").c_str(), file("obra.txt").c_str()), 1);
         EXPECT_EQ(test::readBytes(file("obra.txt")),
                   test::withPlatformNewlines(
-                      formatText("   E1     7  10.0000%9.4lf%10.3lf   1.300   1.500\n",
+                      formatText("   E1     7  10.0000%9.4lf%10.3lf   1.300   1.500\n"_fmt,
                                  test::cStrtod(vertical), distance)))
             << vertical;
     }
