@@ -95,15 +95,11 @@ constexpr double exactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6, 
                                        1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                        1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
-// The usual number, read at once: a sign, at most 15 digits with a decimal
-// point among them, no exponent. Its digits make a whole number below 2^53
-// and its decimals a power of ten that a double holds exactly, so one
-// division gives the correctly rounded value, as strtod would. Nothing for
-// any other text, which the general reading takes.
-std::optional<NumberScan> scanPlainDecimal(std::string_view text) {
+}  // namespace
+
+NumberScan scanSimpleNumber(std::string_view text) {
     const char* p = text.data();
     const char* end = p + text.size();
-    while (p < end && isWhiteSpace(*p)) ++p;
     bool negative = false;
     if (p < end && (*p == '+' || *p == '-')) negative = *p++ == '-';
     std::uint64_t digits = 0;  // wraps past 19 digits, but then it is not used
@@ -119,10 +115,23 @@ std::optional<NumberScan> scanPlainDecimal(std::string_view text) {
         decimals = readDigits();
         count += decimals;
     }
-    if (count == 0 || count > 15) return std::nullopt;
-    if (p < end && (*p == 'e' || *p == 'E')) return std::nullopt;
+    if (count == 0 || count > 15) return {};
     double value = static_cast<double>(digits) / exactPowersOfTen[decimals];
-    return NumberScan{negative ? -value : value, static_cast<std::size_t>(p - text.data())};
+    return {negative ? -value : value, static_cast<std::size_t>(p - text.data())};
+}
+
+namespace {
+
+// The usual number, read at once: white space, then a simple number that no
+// exponent follows. Nothing for any other text, which the general reading
+// takes.
+std::optional<NumberScan> scanPlainDecimal(std::string_view text) {
+    std::size_t blanks = skipWhiteSpace(text);
+    NumberScan simple = scanSimpleNumber(text.substr(blanks));
+    if (simple.length == 0) return std::nullopt;
+    std::size_t end = blanks + simple.length;
+    if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) return std::nullopt;
+    return NumberScan{simple.value, end};
 }
 
 }  // namespace

@@ -29,6 +29,14 @@ struct WholeScan {
 // - a value too large reads as an infinity, one too small as zero.
 NumberScan scanNumber(std::string_view text);
 
+// The usual number, read at once: an optional sign, then at most 15 digits
+// with at most one decimal point among them, straight at the start of the
+// text (no white space). Its digits make a whole number below 2^53 and its
+// decimals a power of ten that a double holds exactly, so one division gives
+// the correctly rounded value, as strtod would. Length 0 for any other text,
+// and the caller must see that no exponent follows.
+NumberScan scanSimpleNumber(std::string_view text);
+
 // The value of scanNumber; a text without a number reads 0.
 double parseNumber(std::string_view text);
 

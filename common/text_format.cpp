@@ -1,10 +1,13 @@
 #include "common/text_format.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <cstring>
+
+#include "common/eight_digits.h"
 
 namespace quelcnv {
 
@@ -210,72 +213,69 @@ struct Wide {
 
 // The number of decimal digits of a whole number (1 for 0).
 int digitCount(std::uint64_t value) {
-    static constexpr std::uint64_t powers[] = {1ULL,
-                                               10ULL,
-                                               100ULL,
-                                               1000ULL,
-                                               10000ULL,
-                                               100000ULL,
-                                               1000000ULL,
-                                               10000000ULL,
-                                               100000000ULL,
-                                               1000000000ULL,
-                                               10000000000ULL,
-                                               100000000000ULL,
-                                               1000000000000ULL,
-                                               10000000000000ULL,
-                                               100000000000000ULL,
-                                               1000000000000000ULL,
-                                               10000000000000000ULL,
-                                               100000000000000000ULL,
-                                               1000000000000000000ULL,
-                                               10000000000000000000ULL};
+    static constexpr std::uint64_t powers[] = {
+        1ULL,
+        10ULL,
+        100ULL,
+        1000ULL,
+        10000ULL,
+        100000ULL,
+        1000000ULL,
+        10000000ULL,
+        100000000ULL,
+        1000000000ULL,
+        10000000000ULL,
+        100000000000ULL,
+        1000000000000ULL,
+        10000000000000ULL,
+        100000000000000ULL,
+        1000000000000000ULL,
+        10000000000000000ULL,
+        100000000000000000ULL,
+        1000000000000000000ULL,
+        10000000000000000000ULL,
+    };
     value |= 1;                                        // the same count, and 0 counts as 1
     int guess = (std::bit_width(value) * 1233) >> 12;  // log10 from log2, at most one too high
     return guess - (value < powers[guess] ? 1 : 0) + 1;
 }
 
-// `count` digits of a whole number below 10^count, written backwards from
-// `end` straight into the output.
-void putDigitsBackwards(char* end, std::uint64_t value, int count) {
-    for (; count >= 2; count -= 2) {
-        end -= 2;
-        std::memcpy(end, digitPairs + 2 * (value % 100), 2);
-        value /= 100;
-    }
-    if (count == 1) end[-1] = static_cast<char>('0' + value);
-}
-
 // A whole number scaled by 10^decimals, written with its decimal point:
-// 392650 with 3 decimals is "392.650", 5 is "0.005". The decimals are a
-// constant, so the split into whole and fraction costs no division.
-template <int decimals>
-char* putPointed(char* out, std::uint64_t scaled) {
-    constexpr std::uint64_t scale = powersOfTen[decimals];
-    std::uint64_t integer = scaled / scale;
-    int length = digitCount(integer);
-    putDigitsBackwards(out + length, integer, length);
-    out += length;
-    if constexpr (decimals > 0) {
-        *out++ = '.';
-        putDigitsBackwards(out + decimals, scaled % scale, decimals);
-    }
-    return out + decimals;
-}
-
+// 392650 with 3 decimals is "392.650", 5 is "0.005". The usual one (below
+// 10^16, at most eight decimals) goes as two eight-digit words, moved into
+// place whole: the digits from the first that counts, then the point, then
+// the decimals again behind it. The output has room for the whole words.
 char* putPointed(char* out, std::uint64_t scaled, int decimals) {
-    switch (decimals) {
-        case 0: return putPointed<0>(out, scaled);
-        case 1: return putPointed<1>(out, scaled);
-        case 2: return putPointed<2>(out, scaled);
-        case 3: return putPointed<3>(out, scaled);
-        case 4: return putPointed<4>(out, scaled);
-        case 5: return putPointed<5>(out, scaled);
-        case 6: return putPointed<6>(out, scaled);
-        case 7: return putPointed<7>(out, scaled);
-        case 8: return putPointed<8>(out, scaled);
-        default: return putPointed<9>(out, scaled);
+    constexpr std::uint64_t wordScale = 100000000;
+    if (scaled >= wordScale * wordScale || decimals > 8) {
+        char digits[24];
+        char* first = decimalDigits(digits + sizeof digits, scaled);
+        while (digits + sizeof digits - first <= decimals) *--first = '0';
+        auto length = static_cast<std::size_t>(digits + sizeof digits - first);
+        std::size_t integerLength = length - static_cast<std::size_t>(decimals);
+        out = put(out, std::string_view(first, integerLength));
+        if (decimals == 0) return out;
+        *out++ = '.';
+        return put(out,
+                   std::string_view(first + integerLength, static_cast<std::size_t>(decimals)));
     }
+    // The length comes from the number, not from its text: the next
+    // number's place is known before these digits are worked out.
+    int length = std::max(digitCount(scaled), decimals + 1);
+    std::uint64_t low = eightDigitsText(static_cast<std::uint32_t>(scaled % wordScale));
+    if (length <= 8) {
+        storeEight(out, low >> (8 * (8 - length)));
+    } else {
+        std::uint64_t high = eightDigitsText(static_cast<std::uint32_t>(scaled / wordScale));
+        int skip = 16 - length;  // characters of the high word not written
+        storeEight(out, skip == 0 ? high : (high >> (8 * skip)) | (low << (64 - 8 * skip)));
+        storeEight(out + 8, low >> (8 * skip));
+    }
+    int integerLength = length - decimals;
+    if (decimals == 0) return out + integerLength;
+    out[integerLength] = '.';
+    storeEight(out + integerLength + 1, low >> (8 * (8 - decimals)));
+    return out + integerLength + 1 + decimals;
 }
 
 // A finite non-negative value with that many decimals (at most nine),
@@ -311,10 +311,13 @@ char* putFastFixed(char* out, double magnitude, int decimals) {
         if (against > 0 || (against == 0 && scaled.bit(0))) scaled.increment();
     }
     std::uint32_t fraction = scaled.divide(scale);
-    char* end = putPointed<0>(out, scaled.low64());
+    char* end = putPointed(out, scaled.low64(), 0);
     if (decimals == 0) return end;
     *end++ = '.';
-    putDigitsBackwards(end + decimals, fraction, decimals);
+    for (int d = decimals - 1; d >= 0; --d) {
+        end[d] = static_cast<char>('0' + fraction % 10);
+        fraction /= 10;
+    }
     return end + decimals;
 }
 
@@ -433,26 +436,56 @@ private:
     char block_[2048];
 };
 
+// The usual "%0.3lf" of a finite value, sign and digits; nullptr when the
+// general printer must take it.
+char* putPlainFixed(char* out, const Directive& directive, double value) {
+    if (!std::isfinite(value)) return nullptr;
+    char* digits = out;
+    if (std::signbit(value)) *digits++ = '-';
+    return putFastFixed(digits, std::fabs(value),
+                        directive.precision < 0 ? 6 : directive.precision);
+}
+
+char* putPiece(char* out, const Format::Piece& piece, const FormatArg& arg, const Format& format,
+               long& lineFeeds) {
+    switch (piece.then) {
+        case Format::Then::nothing: return out;
+        case Format::Then::plainFixed:
+            if (arg.kind() != FormatArg::Kind::real) badArguments(format);
+            if (char* end = putPlainFixed(out, piece.directive, arg.real())) return end;
+            break;
+        case Format::Then::plainText: {
+            if (arg.kind() != FormatArg::Kind::text) badArguments(format);
+            std::string_view text = arg.text();
+            lineFeeds += std::count(text.begin(), text.end(), '\n');
+            return put(out, text);
+        }
+        case Format::Then::conversion: break;
+    }
+    return putOne(out, piece.directive, arg, format, lineFeeds);
+}
+
 }  // namespace
 
 long appendFormatted(TextSink& sink, const Format& format, std::initializer_list<FormatArg> args) {
+    if (args.size() != format.conversions()) badArguments(format);
     std::span<const Format::Piece> pieces = format.pieces();
     std::size_t room = format.fixedRoom() + Format::slack;
-    auto next = args.begin();
-    for (const Format::Piece& piece : pieces) {
-        if (!piece.converts) continue;
-        if (next == args.end()) badArguments(format);
-        if (piece.directive.conversion == 's') room += textRoom(piece.directive, *next);
-        ++next;
+    const FormatArg* next = args.begin();
+    if (format.takesTexts()) {
+        for (const Format::Piece& piece : pieces) {
+            if (!piece.converts) continue;
+            if (piece.directive.conversion == 's') room += textRoom(piece.directive, *next);
+            ++next;
+        }
     }
-    if (next != args.end()) badArguments(format);
     char* start = sink.room(room);
     char* out = start;
     long lineFeeds = format.literalLineFeeds();
     next = args.begin();
     for (const Format::Piece& piece : pieces) {
         out = putLiteral(out, format.literal(piece), piece.literalLength);
-        if (piece.converts) out = putOne(out, piece.directive, *next++, format, lineFeeds);
+        if (piece.converts) out = putPiece(out, piece, *next++, format, lineFeeds);
     }
     sink.used(static_cast<std::size_t>(out - start));
     return lineFeeds;

@@ -72,10 +72,15 @@ struct Directive {
 // one apart at run time.
 class Format {
 public:
+    // What follows a piece's literal: nothing, the usual fixed-decimal
+    // number ("%0.3lf": no width, no flags, at most nine decimals), a text
+    // as it stands ("%s"), or any other conversion.
+    enum class Then : unsigned char { nothing, plainFixed, plainText, conversion };
     struct Piece {
         std::size_t literalBegin = 0;
         std::size_t literalLength = 0;
         bool converts = false;
+        Then then = Then::nothing;
         Directive directive;
     };
 
@@ -91,6 +96,8 @@ public:
     const char* literal(const Piece& piece) const { return chars_.data() + piece.literalBegin; }
     // Room the numbers and literals take at most, texts and their widths aside.
     std::size_t fixedRoom() const { return fixedRoom_; }
+    std::size_t conversions() const { return conversions_; }
+    bool takesTexts() const { return takesTexts_; }
     // The length of the literal runs, and the line feeds in them.
     std::size_t literalLength() const { return literalLength_; }
     long literalLineFeeds() const { return literalLineFeeds_; }
@@ -109,7 +116,11 @@ private:
     std::size_t count_ = 0;
     std::size_t literalLength_ = 0;
     std::size_t fixedRoom_ = 0;
+    std::size_t conversions_ = 0;
+    bool takesTexts_ = false;
     long literalLineFeeds_ = 0;
+
+    static constexpr Then thenOf(const Directive& d);
 };
 
 // Room a number formatted with a directive takes at most: a double's 309
@@ -221,6 +232,14 @@ constexpr Directive Format::readDirective(std::string_view text, std::size_t& i)
     return d;
 }
 
+constexpr Format::Then Format::thenOf(const Directive& d) {
+    bool flagless = !d.plus && !d.blank && !d.alternate && d.width == 0;
+    if ((d.conversion == 'f' || d.conversion == 'F') && flagless && d.precision <= 9)
+        return Then::plainFixed;
+    if (d.conversion == 's' && flagless && d.precision < 0) return Then::plainText;
+    return Then::conversion;
+}
+
 constexpr Format Format::parse(std::string_view text) {
     if (text.size() > maxLength) throw std::invalid_argument("format: too long");
     Format format;
@@ -229,7 +248,8 @@ constexpr Format Format::parse(std::string_view text) {
     std::size_t start = 0;
     auto add = [&](std::size_t literalEnd, bool converts, Directive directive) {
         if (format.count_ == maxPieces) throw std::invalid_argument("format: too many pieces");
-        format.pieces_[format.count_++] = {start, literalEnd - start, converts, directive};
+        Then then = converts ? thenOf(directive) : Then::nothing;
+        format.pieces_[format.count_++] = {start, literalEnd - start, converts, then, directive};
         format.literalLength_ += literalEnd - start;
         for (std::size_t i = start; i < literalEnd; ++i)
             if (text[i] == '\n') ++format.literalLineFeeds_;
@@ -247,7 +267,11 @@ constexpr Format Format::parse(std::string_view text) {
         std::size_t literalEnd = i++;
         Directive directive = readDirective(text, i);
         add(literalEnd, true, directive);
-        if (directive.conversion != 's') format.fixedRoom_ += numberRoom(directive);
+        ++format.conversions_;
+        if (directive.conversion == 's')
+            format.takesTexts_ = true;
+        else
+            format.fixedRoom_ += numberRoom(directive);
         start = i;
     }
     if (start < text.size()) add(text.size(), false, {});

@@ -17,6 +17,24 @@ std::optional<std::string_view> Tokenizer::next(const Separators& separators) {
     return std::string_view(start, static_cast<std::size_t>(stop - start));
 }
 
+std::optional<double> Tokenizer::nextNumber(const Separators& separators) {
+    std::size_t start = position_;
+    while (start < text_.size() && separators.has(text_[start])) ++start;
+    if (start < text_.size() && !separators.cutsNumbers()) {
+        NumberScan simple = scanSimpleNumber(text_.substr(start));
+        std::size_t stop = start + simple.length;
+        // The number is the whole token when a separator or the end follows.
+        if (simple.length > 0 && (stop == text_.size() || separators.has(text_[stop]))) {
+            position_ = stop < text_.size() ? stop + 1 : stop;
+            return simple.value;
+        }
+    }
+    position_ = start;
+    std::optional<std::string_view> token = next(separators);
+    if (!token) return std::nullopt;
+    return parseNumber(*token);
+}
+
 std::vector<std::string_view> leadingFields(std::string_view text, const Separators& separators,
                                             std::size_t count) {
     std::vector<std::string_view> fields;

@@ -20,11 +20,16 @@ public:
     consteval Separators(const char* chars) : Separators(std::string_view(chars)) {}
     constexpr explicit Separators(std::string_view chars) {
         for (char c : chars) table_[static_cast<unsigned char>(c)] = true;
+        for (char c : std::string_view("+-.0123456789")) numeric_ = numeric_ || has(c);
     }
     constexpr bool has(char c) const { return table_[static_cast<unsigned char>(c)]; }
+    // Whether a sign, a point or a digit separates: a simple number may then
+    // run over the end of its token.
+    constexpr bool cutsNumbers() const { return numeric_; }
 
 private:
     std::array<bool, 256> table_{};
+    bool numeric_ = false;
 };
 
 // Hands out the tokens of a text one by one:
@@ -38,6 +43,10 @@ public:
     explicit Tokenizer(std::string_view text) : text_(text) {}
 
     std::optional<std::string_view> next(const Separators& separators);
+    // The next token read as a number (text that is no number reads 0), or
+    // nothing when no token is left. The usual number is read as the token
+    // is found, in one pass.
+    std::optional<double> nextNumber(const Separators& separators);
     // The text after the last token and the separator that ended it, unsplit.
     std::string_view rest() const { return text_.substr(position_); }
 
@@ -77,9 +86,9 @@ std::optional<std::array<double, count>> nextNumbers(Tokenizer& tokens,
                                                      const Separators& separators) {
     std::array<double, count> values;
     for (double& value : values) {
-        std::optional<std::string_view> token = tokens.next(separators);
-        if (!token) return std::nullopt;
-        value = parseNumber(*token);
+        std::optional<double> number = tokens.nextNumber(separators);
+        if (!number) return std::nullopt;
+        value = *number;
     }
     return values;
 }

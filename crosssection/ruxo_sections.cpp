@@ -14,14 +14,14 @@ namespace quelcnv {
 
 namespace {
 
-void writeNevoPoint(OutputFile& out, const SectionPoint& p) {
+void writeNevoPoint(OutputFile& out, const SectionPointText& p) {
     if (!p.code.empty())
         out.print("%0.3lf,%0.3lf,%0.3lf,%s\n"_fmt, p.station, p.offset, p.elevation, p.code);
     else
         out.print("%0.3lf,%0.3lf,%0.3lf\n"_fmt, p.station, p.offset, p.elevation);
 }
 
-void writeFixedWidthPoint(OutputFile& out, const SectionPoint& p) {
+void writeFixedWidthPoint(OutputFile& out, const SectionPointText& p) {
     out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
 }
 
@@ -31,7 +31,7 @@ struct SectionCount {
     std::size_t sections = 0;
     double station = 0.0;
 
-    void add(const SectionPoint& p) {
+    void add(const SectionPointText& p) {
         if (points++ == 0 || p.station != station) ++sections;
         station = p.station;
     }
@@ -41,14 +41,15 @@ struct SectionCount {
     }
 };
 
+using PointOf = std::optional<SectionPointText> (*)(std::string_view);
+
 // Point by point, line by line: memory does not grow with the input.
-Outcome convertPoints(const std::string& entrada, const std::string& salida, LineRule readLine,
-                      std::optional<SectionPoint> (*pointOf)(std::string_view),
-                      void (*write)(OutputFile&, const SectionPoint&)) {
+template <PointOf pointOf, void (*write)(OutputFile&, const SectionPointText&)>
+Outcome convertPoints(const std::string& entrada, const std::string& salida, LineRule readLine) {
     SectionCount count;
     return count.counted(
         convertLineByLine(entrada, salida, readLine, [&](OutputFile& out, std::string_view line) {
-            std::optional<SectionPoint> p = pointOf(line);
+            std::optional<SectionPointText> p = pointOf(line);
             if (!p) return;
             write(out, *p);
             count.add(*p);
@@ -56,14 +57,13 @@ Outcome convertPoints(const std::string& entrada, const std::string& salida, Lin
 }
 
 // The points of every line a read rule lets through.
-SectionPoints readPoints(const std::string& path, LineRule readLine,
-                         std::optional<SectionPoint> (*pointOf)(std::string_view)) {
+SectionPoints readPoints(const std::string& path, LineRule readLine, PointOf pointOf) {
     SectionPoints read;
     LineReader reader;
     if (!reader.open(path)) return {Outcome::failed(Failure::inputUnreadable), {}};
     std::string_view line;
     while (readLine(reader, line)) {
-        if (std::optional<SectionPoint> p = pointOf(line)) read.points.push_back(std::move(*p));
+        if (std::optional<SectionPointText> p = pointOf(line)) read.points.push_back(p->owned());
     }
     if (reader.readFailed()) read.outcome = Outcome::failed(Failure::inputUnreadable);
     return read;
@@ -71,23 +71,23 @@ SectionPoints readPoints(const std::string& path, LineRule readLine,
 
 }  // namespace
 
-std::optional<SectionPoint> ruxoSectionPoint(std::string_view line) {
+std::optional<SectionPointText> ruxoSectionPoint(std::string_view line) {
     Tokenizer tokens(line);
     auto values = nextNumbers<3>(tokens, blanksTabsAndNewlines);
     if (!values) return std::nullopt;
     auto [station, offset, elevation] = *values;
     auto code = tokens.next(blanksTabsAndNewlines);
-    return SectionPoint{station, offset, elevation, std::string(code.value_or(""))};
+    return SectionPointText{station, offset, elevation, code.value_or("")};
 }
 
-std::optional<SectionPoint> commaSectionPoint(std::string_view line) {
+std::optional<SectionPointText> commaSectionPoint(std::string_view line) {
     Tokenizer tokens(line);
     auto values = nextNumbers<3>(tokens, ",");
     if (!values) return std::nullopt;
     auto [station, offset, elevation] = *values;
-    std::string code(tokens.rest());
-    if (!code.empty()) code.pop_back();  // the line break, or the code's own last character
-    return SectionPoint{station, offset, elevation, code};
+    std::string_view code = tokens.rest();
+    if (!code.empty()) code.remove_suffix(1);  // the line break, or the code's own last character
+    return SectionPointText{station, offset, elevation, code};
 }
 
 SectionPoints readRuxoSections(const std::string& path) {
@@ -99,12 +99,12 @@ SectionPoints readCommaSections(const std::string& path) {
 }
 
 Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida) {
-    return convertPoints(entrada, salida, readLineBeforeEnd, ruxoSectionPoint, writeNevoPoint);
+    return convertPoints<ruxoSectionPoint, writeNevoPoint>(entrada, salida, readLineBeforeEnd);
 }
 
 Outcome convertCommaSectionsToFixedWidth(const std::string& entrada, const std::string& salida) {
-    return convertPoints(entrada, salida, readLineThroughEnd, commaSectionPoint,
-                         writeFixedWidthPoint);
+    return convertPoints<commaSectionPoint, writeFixedWidthPoint>(entrada, salida,
+                                                                  readLineThroughEnd);
 }
 
 }  // namespace quelcnv

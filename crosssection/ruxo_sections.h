@@ -28,11 +28,11 @@ Outcome convertCommaSectionsToFixedWidth(const std::string& entrada, const std::
 // The point of a RUXO line: station, offset and elevation, then the code
 // word if there is one, separated by blanks, tabs or line breaks. Nothing for
 // a line with fewer than three fields.
-std::optional<SectionPoint> ruxoSectionPoint(std::string_view line);
+std::optional<SectionPointText> ruxoSectionPoint(std::string_view line);
 
 // The point of a comma-separated line, its code being everything after the
 // third comma but its last character. Nothing for fewer than three fields.
-std::optional<SectionPoint> commaSectionPoint(std::string_view line);
+std::optional<SectionPointText> commaSectionPoint(std::string_view line);
 
 struct SectionPoints {
     Outcome outcome;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace quelcnv {
@@ -12,6 +13,16 @@ struct SectionPoint {
     double offset = 0.0;     // distance across the section from the alignment
     double elevation = 0.0;  // height of the point
     std::string code;        // point code or description; may be empty
+};
+
+// A point as a line gives it, its code a view into the line.
+struct SectionPointText {
+    double station = 0.0;
+    double offset = 0.0;
+    double elevation = 0.0;
+    std::string_view code;
+
+    SectionPoint owned() const { return {station, offset, elevation, std::string(code)}; }
 };
 
 // -1 when a goes before b, 1 when after, 0 when they are the same point: by
