@@ -278,11 +278,12 @@ char* putPointed(char* out, std::uint64_t scaled, int decimals) {
     return out + integerLength + 1 + decimals;
 }
 
-// A finite non-negative value with that many decimals (at most nine),
-// rounded from its exact binary value, ties to even: the value is m * 2^e,
-// so m * 10^decimals / 2^-e is worked out exactly, in 64 bits where it fits.
-// Nothing (nullptr) for a value of 2^63 or more, left to the general printer.
-char* putFastFixed(char* out, double magnitude, int decimals) {
+// A finite non-negative value times 10^decimals (at most nine), rounded
+// from its exact binary value, ties to even: the value is m * 2^e, so
+// m * 10^decimals / 2^-e is worked out exactly, in 64 bits where it fits.
+// False when the result does not fit 64 bits, left to the general printer.
+// (A flag and an out-parameter: an optional made the hot path slower.)
+bool scaledExactly(double magnitude, int decimals, std::uint64_t& result) {
     std::uint64_t bits;
     std::memcpy(&bits, &magnitude, sizeof bits);
     int biased = static_cast<int>((bits >> 52) & 0x7FF);
@@ -297,11 +298,12 @@ char* putFastFixed(char* out, double magnitude, int decimals) {
         std::uint64_t rest = exact & ((1ULL << shift) - 1);
         std::uint64_t half = 1ULL << (shift - 1);
         if (rest > half || (rest == half && (quotient & 1) != 0)) ++quotient;
-        return putPointed(out, quotient, decimals);
+        result = quotient;
+        return true;
     }
     Wide scaled;
     if (exponent >= 0) {
-        if (exponent > 10) return nullptr;
+        if (exponent > 10) return false;
         scaled = Wide::product(mantissa << exponent, scale);
     } else if (-exponent < 90) {  // beyond, m * 10^9 < 2^83 is below half of 2^-e: 0
         int shift = -exponent;
@@ -310,15 +312,14 @@ char* putFastFixed(char* out, double magnitude, int decimals) {
         int against = whole.lowBitsAgainstHalf(shift);
         if (against > 0 || (against == 0 && scaled.bit(0))) scaled.increment();
     }
-    std::uint32_t fraction = scaled.divide(scale);
-    char* end = putPointed(out, scaled.low64(), 0);
-    if (decimals == 0) return end;
-    *end++ = '.';
-    for (int d = decimals - 1; d >= 0; --d) {
-        end[d] = static_cast<char>('0' + fraction % 10);
-        fraction /= 10;
-    }
-    return end + decimals;
+    result = scaled.low64();
+    return scaled.limb[2] == 0 && scaled.limb[3] == 0;
+}
+
+// The length of putPointed's text.
+std::size_t pointedLength(std::uint64_t scaled, int decimals) {
+    int digits = std::max(digitCount(scaled), decimals + 1);
+    return static_cast<std::size_t>(digits + (decimals > 0 ? 1 : 0));
 }
 
 // The digits of a finite value of any size, through the C++ runtime's exact
@@ -337,32 +338,26 @@ char* putReal(char* out, const Directive& directive, double value) {
         return put(out, text);
     }
     int decimals = directive.precision < 0 ? 6 : directive.precision;
-    bool negative = std::signbit(value);
+    std::string_view sign = signPrefix(directive, std::signbit(value));
     double magnitude = std::fabs(value);
-    if (decimals <= fastestDecimals && directive.width == 0 && !directive.alternate &&
-        !directive.plus && !directive.blank) {
-        char* start = out;  // nothing to pad: the usual "%0.3lf"
-        if (negative) *start++ = '-';
-        if (char* end = putFastFixed(start, magnitude, decimals)) return end;
+    std::uint64_t scaled = 0;
+    bool exact = decimals <= fastestDecimals && !(directive.alternate && decimals == 0) &&
+                 scaledExactly(magnitude, decimals, scaled);
+    if (!exact) {
+        std::string digits = generalFixed(magnitude, decimals);
+        if (directive.alternate && decimals == 0) digits += '.';
+        return putPadded(out, directive, sign, digits, true);
     }
-    std::string_view sign = signPrefix(directive, negative);
-    char buffer[64];
-    std::string general;
-    std::string_view digits;
-    if (decimals <= fastestDecimals) {
-        if (char* end = putFastFixed(buffer, magnitude, decimals))
-            digits = std::string_view(buffer, static_cast<std::size_t>(end - buffer));
-    }
-    if (digits.empty()) {
-        general = generalFixed(magnitude, decimals);
-        digits = general;
-    }
-    if (directive.alternate && decimals == 0) {
-        general.assign(digits);
-        general += '.';
-        digits = general;
-    }
-    return putPadded(out, directive, sign, digits, true);
+    // The length is known before the digits are written, so the padding
+    // goes straight in front of them.
+    std::size_t length = sign.size() + pointedLength(scaled, decimals);
+    std::size_t width = static_cast<std::size_t>(directive.width);
+    std::size_t fill = length < width ? width - length : 0;
+    if (!directive.left && !directive.zero) out = putRepeated(out, fill, ' ');
+    out = put(out, sign);
+    if (!directive.left && directive.zero) out = putRepeated(out, fill, '0');
+    out = putPointed(out, scaled, decimals);
+    return directive.left ? putRepeated(out, fill, ' ') : out;
 }
 
 std::string_view textOf(const Directive& directive, const FormatArg& arg) {
@@ -440,10 +435,11 @@ private:
 // general printer must take it.
 char* putPlainFixed(char* out, const Directive& directive, double value) {
     if (!std::isfinite(value)) return nullptr;
-    char* digits = out;
-    if (std::signbit(value)) *digits++ = '-';
-    return putFastFixed(digits, std::fabs(value),
-                        directive.precision < 0 ? 6 : directive.precision);
+    int decimals = directive.precision < 0 ? 6 : directive.precision;
+    std::uint64_t scaled;
+    if (!scaledExactly(std::fabs(value), decimals, scaled)) return nullptr;
+    if (std::signbit(value)) *out++ = '-';
+    return putPointed(out, scaled, decimals);
 }
 
 char* putPiece(char* out, const Format::Piece& piece, const FormatArg& arg, const Format& format,

@@ -17,7 +17,7 @@ std::optional<std::string_view> Tokenizer::next(const Separators& separators) {
     return std::string_view(start, static_cast<std::size_t>(stop - start));
 }
 
-std::optional<double> Tokenizer::nextNumber(const Separators& separators) {
+bool Tokenizer::nextNumber(const Separators& separators, double& value) {
     std::size_t start = position_;
     while (start < text_.size() && separators.has(text_[start])) ++start;
     if (start < text_.size() && !separators.cutsNumbers()) {
@@ -26,13 +26,15 @@ std::optional<double> Tokenizer::nextNumber(const Separators& separators) {
         // The number is the whole token when a separator or the end follows.
         if (simple.length > 0 && (stop == text_.size() || separators.has(text_[stop]))) {
             position_ = stop < text_.size() ? stop + 1 : stop;
-            return simple.value;
+            value = simple.value;
+            return true;
         }
     }
     position_ = start;
     std::optional<std::string_view> token = next(separators);
-    if (!token) return std::nullopt;
-    return parseNumber(*token);
+    if (!token) return false;
+    value = parseNumber(*token);
+    return true;
 }
 
 std::vector<std::string_view> leadingFields(std::string_view text, const Separators& separators,

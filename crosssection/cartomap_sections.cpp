@@ -9,7 +9,7 @@
 #include "common/output_file.h"
 #include "common/text_case.h"
 #include "common/tokenizer.h"
-#include "crosssection/section_point.h"
+#include "crosssection/section_point_table.h"
 
 namespace quelcnv {
 
@@ -26,7 +26,7 @@ bool isPkWord(std::optional<std::string_view> token) {
 // listing, unused. False then.
 template <typename Point>
 bool readSection(LineReader& in, Point pointOf) {
-    std::string line;
+    std::string_view line;
     while (true) {
         std::uint64_t start = in.position();
         if (!readLineBeforeEnd(in, line)) return false;
@@ -38,43 +38,41 @@ bool readSection(LineReader& in, Point pointOf) {
 }
 
 // "PK" sections: offset and elevation, no code.
-void readStationLayout(LineReader& in, std::vector<SectionPoint>& points) {
-    std::string line;
+void readStationLayout(LineReader& in, SectionPointTable& points) {
+    std::string_view line;
     bool reading = true;
     while (reading && readLineBeforeEnd(in, line)) {
         Tokenizer tokens(line);
         auto first = tokens.next(separators);
         auto station = tokens.next(separators);
         if (line.empty() || line.front() == ' ' || !isPkWord(first) || !station) continue;
-        double at = parseNumber(*station);
+        points.startSection(parseNumber(*station));
         reading = readSection(in, [&](std::string_view text) {
             Tokenizer fields(text);
             auto offset = fields.next(separators);
             if (isPkWord(offset)) return false;
             auto elevation = fields.next(separators);
-            if (offset && elevation)
-                points.push_back({at, parseNumber(*offset), parseNumber(*elevation), {}});
+            if (offset && elevation) points.add(parseNumber(*offset), parseNumber(*elevation), {});
             return true;
         });
     }
 }
 
 // Station sections: offset, two fields not used, elevation, code.
-void readDistanceLayout(LineReader& in, std::vector<SectionPoint>& points) {
-    std::string line;
+void readDistanceLayout(LineReader& in, SectionPointTable& points) {
+    std::string_view line;
     bool reading = true;
     while (reading && readLineBeforeEnd(in, line)) {
         if (line.empty() || line.front() == 'P' || line.front() == 'p') continue;
         auto header = Tokenizer(line).next(separators);
         if (!header) continue;
-        double at = cartomapStation(*header);
+        points.startSection(cartomapStation(*header));
         reading = readSection(in, [&](std::string_view text) {
             Tokenizer fields(text);
             std::optional<std::string_view> f[5];
             for (auto& field : f) field = fields.next(separators);
             if (f[0] && f[0]->find('+') != std::string_view::npos) return false;
-            if (f[4])
-                points.push_back({at, parseNumber(*f[0]), parseNumber(*f[3]), std::string(*f[4])});
+            if (f[4]) points.add(parseNumber(*f[0]), parseNumber(*f[3]), *f[4]);
             return true;
         });
     }
@@ -95,21 +93,15 @@ Outcome importCartomapSections(const std::string& entrada, const std::string& sa
     readLineThroughEnd(in, first);
     bool distanceLayout = first.find("Distancia") != std::string::npos;
     in.seek(0);
-    std::vector<SectionPoint> points;
+    SectionPointTable points;
     if (distanceLayout)
         readDistanceLayout(in, points);
     else
         readStationLayout(in, points);
     if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
+    if (points.overflowed()) return Outcome::failed(Failure::rejected, in.lineNumber());
     in.close();
-    std::stable_sort(points.begin(), points.end(), [](const auto& a, const auto& b) {
-        return compareByStationAndOffset(a, b) < 0;
-    });
-    OutputFile out;
-    if (!out.open(salida)) return Outcome::failed(Failure::outputUnwritable);
-    for (const SectionPoint& p : points)
-        out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
-    return out.complete();
+    return writeSortedPoints(points, salida);
 }
 
 }  // namespace quelcnv

@@ -9,7 +9,7 @@
 #include "common/numbers.h"
 #include "common/output_file.h"
 #include "common/tokenizer.h"
-#include "crosssection/section_point.h"
+#include "crosssection/section_point_table.h"
 
 namespace quelcnv {
 
@@ -35,18 +35,19 @@ std::optional<Header> sectionHeader(std::string_view line) {
 }
 
 struct Reading {
-    std::vector<SectionPoint> points;
+    SectionPointTable points;
     std::size_t capacity = 0;  // seven points per line of the file
 };
 
 // The pairs of one point line; false when an offset has no elevation or the
 // table is full.
-bool readPairs(std::string_view line, double station, Reading& reading, std::int64_t& missing) {
+bool readPairs(std::string_view line, Reading& reading, std::int64_t& missing) {
     Tokenizer tokens(line);
-    while (auto offset = tokens.next(pointSeparators)) {
-        auto elevation = tokens.next(pointSeparators);
-        if (!elevation || reading.points.size() >= reading.capacity) return false;
-        reading.points.push_back({station, parseNumber(*offset), parseNumber(*elevation), "MOS"});
+    double offset, elevation;
+    while (tokens.nextNumber(pointSeparators, offset)) {
+        if (!tokens.nextNumber(pointSeparators, elevation)) return false;
+        if (reading.points.size() >= reading.capacity) return false;
+        if (!reading.points.add(offset, elevation, "MOS")) return false;
         --missing;
     }
     return true;
@@ -58,18 +59,19 @@ bool readPairs(std::string_view line, double station, Reading& reading, std::int
 // lone first number has no elevation.
 bool readSection(LineReader& in, const Header& header, Reading& reading) {
     std::int64_t missing = header.count;
-    std::string line;
+    std::string_view line;
+    reading.points.startSection(header.station);
     while (missing > 0) {
         if (in.read(line) == ReadStatus::nothing) return false;
-        if (!readPairs(line, header.station, reading, missing)) return false;
+        if (!readPairs(line, reading, missing)) return false;
     }
     return true;
 }
 
-std::optional<std::vector<SectionPoint>> readSections(const std::string& entrada, LineReader& in) {
+std::optional<SectionPointTable> readSections(const std::string& entrada, LineReader& in) {
     Reading reading;
     reading.capacity = pointsPerLine * static_cast<std::size_t>(countLines(entrada));
-    std::string line;
+    std::string_view line;
     if (!readLineThroughEnd(in, line)) return std::nullopt;  // empty file
     while (readLineBeforeEnd(in, line)) {
         auto header = sectionHeader(line);
@@ -86,14 +88,7 @@ Outcome importMxroadSections(const std::string& entrada, const std::string& ruxo
     auto points = readSections(entrada, in);
     if (in.readFailed()) return Outcome::failed(Failure::inputUnreadable);
     if (!points) return Outcome::failed(Failure::rejected, in.lineNumber());
-    std::stable_sort(points->begin(), points->end(), [](const auto& a, const auto& b) {
-        return compareByStationAndOffset(a, b) < 0;
-    });
-    OutputFile out;
-    if (!out.open(ruxoPath)) return Outcome::failed(Failure::outputUnwritable);
-    for (const SectionPoint& p : *points)
-        out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation, p.code);
-    return out.complete();
+    return writeSortedPoints(*points, ruxoPath);
 }
 
 }  // namespace quelcnv

@@ -16,7 +16,7 @@ int compareByOffsetAndCode(const SectionPoint& a, const SectionPoint& b) {
     return codeA <= codeB ? 1 : -1;
 }
 
-int compareByStationAndOffset(const SectionPoint& a, const SectionPoint& b) {
+int compareByStationAndOffset(const SectionPointText& a, const SectionPointText& b) {
     bool sameStation = std::fabs(a.station - b.station) < stationTolerance;
     if (sameStation && std::fabs(a.offset - b.offset) < stationTolerance) return 0;
     if (a.station < b.station) return -1;

@@ -34,7 +34,7 @@ int compareByOffsetAndCode(const SectionPoint& a, const SectionPoint& b);
 // 0.001; otherwise the lower station first, compared plainly even when the
 // stations are within 0.001; at such stations, the lower offset first unless
 // a is the one with the lower station. Deliberately not symmetric.
-int compareByStationAndOffset(const SectionPoint& a, const SectionPoint& b);
+int compareByStationAndOffset(const SectionPointText& a, const SectionPointText& b);
 
 // The sections of points in section order: each run of points at one
 // station is one.

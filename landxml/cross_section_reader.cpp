@@ -9,7 +9,7 @@
 #include "common/text_case.h"
 #include "common/tokenizer.h"
 #include "common/tolerance.h"
-#include "crosssection/section_point.h"
+#include "crosssection/section_point_table.h"
 #include "landxml/sax_reader.h"
 #include "landxml/selection_list.h"
 
@@ -25,7 +25,7 @@ bool hasName(const XmlAttributes& attributes, std::string_view wanted) {
 // Same point when stations and offsets are both within 0.0001; otherwise the
 // lower station first, compared plainly even within 0.0001; at such stations
 // the lower offset first unless a is the one with the lower station.
-bool sortsBefore(const SectionPoint& a, const SectionPoint& b) {
+bool sortsBefore(const SectionPointText& a, const SectionPointText& b) {
     bool sameStation = std::fabs(a.station - b.station) < pointTolerance;
     if (sameStation && std::fabs(a.offset - b.offset) < pointTolerance) return false;
     if (a.station < b.station) return true;
@@ -50,6 +50,7 @@ public:
             inPointList_ = true;
         } else if (equalsIgnoringCase(name, "CrossSect")) {
             if (auto station = getAttributeNumber(attributes, "sta")) station_ = *station;
+            sectionStarted_ = false;
         }
     }
 
@@ -68,21 +69,20 @@ public:
         inPointList_ = false;
         bool left = equalsIgnoringCase(surfaceDescription_, "left");
         Tokenizer tokens(text);
+        if (!sectionStarted_) points_.startSection(station_);
+        sectionStarted_ = true;
         while (auto pair = nextNumbers<2>(tokens, separators)) {
             double offset = left ? -(*pair)[0] : (*pair)[0];
-            points_.push_back({station_, offset, (*pair)[1], surfaceDescription_});
+            points_.add(offset, (*pair)[1], surfaceDescription_);
         }
     }
 
     void endDocument() override {
-        std::stable_sort(points_.begin(), points_.end(), sortsBefore);
-        outcome_ = writeWholeFile(ruxoPath_, [&](OutputFile& out) {
-            for (const SectionPoint& p : points_)
-                out.print("%8.3lf %8.3lf %8.3lf %s\n"_fmt, p.station, p.offset, p.elevation,
-                          p.code);
-        });
-        outcome_.written.points = static_cast<long>(points_.size());
-        outcome_.written.sections = countSections(points_);
+        if (points_.overflowed()) {
+            outcome_ = Outcome::failed(Failure::rejected);
+            return;
+        }
+        outcome_ = writeSortedPoints(points_, ruxoPath_, sortsBefore);
     }
 
 private:
@@ -95,7 +95,8 @@ private:
     bool inPointList_ = false;
     double station_ = 0.0;
     std::string surfaceDescription_;
-    std::vector<SectionPoint> points_;
+    bool sectionStarted_ = false;  // the current section has a place in the table
+    SectionPointTable points_;
 };
 
 // "alignment: surface" for each surface named under a named alignment, each
