@@ -6,21 +6,33 @@ namespace quelcnv {
 
 namespace {
 
-// The mode bits of the open file, or 0 when they cannot be read.
-unsigned modeOf(std::FILE* file) {
+struct Status {
+    unsigned mode = 0;  // 0 when the status cannot be read
+    std::uint64_t size = 0;
+};
+
+Status statusOf(std::FILE* file) {
 #ifdef _WIN32
     struct _stat64 status;
-    return _fstat64(_fileno(file), &status) == 0 ? status.st_mode : 0;
+    if (_fstat64(_fileno(file), &status) != 0) return {};
 #else
     struct stat status;
-    return fstat(fileno(file), &status) == 0 ? status.st_mode : 0;
+    if (fstat(fileno(file), &status) != 0) return {};
 #endif
+    return {static_cast<unsigned>(status.st_mode), static_cast<std::uint64_t>(status.st_size)};
 }
+
+unsigned modeOf(std::FILE* file) { return statusOf(file).mode; }
 
 }  // namespace
 
 bool isDirectory(std::FILE* file) { return (modeOf(file) & S_IFMT) == S_IFDIR; }
 
 bool isRegularFile(std::FILE* file) { return (modeOf(file) & S_IFMT) == S_IFREG; }
+
+std::uint64_t regularFileSize(std::FILE* file) {
+    Status status = statusOf(file);
+    return (status.mode & S_IFMT) == S_IFREG ? status.size : 0;
+}
 
 }  // namespace quelcnv

@@ -39,6 +39,8 @@ bool LineReader::open(const std::string& path) {
     return true;
 }
 
+std::uint64_t LineReader::fileSize() const { return file_ != nullptr ? regularFileSize(file_) : 0; }
+
 void LineReader::close() {
     if (file_ != nullptr) std::fclose(file_);
     file_ = nullptr;

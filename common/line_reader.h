@@ -43,6 +43,8 @@ public:
     bool open(const std::string& path);
     void close();
     bool isOpen() const { return file_ != nullptr; }
+    // The size of the file when it is a regular one, else 0.
+    std::uint64_t fileSize() const;
 
     ReadStatus read(std::string& text);
     // The same, the text handed out as a view that stays valid until the
