@@ -1,5 +1,6 @@
 #include "alignment/arc_splitting.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -45,10 +46,13 @@ AlignmentRecord middleRecord(const AlignmentRecord& arc, const AlignmentRecord& 
 // sorted place without sorting again.
 class RecordTree {
 public:
-    explicit RecordTree(std::size_t capacity) { nodes_.reserve(capacity); }
+    explicit RecordTree(std::size_t capacity) {
+        nodes_.reserve(capacity);
+        records_.reserve(capacity);
+    }
 
     std::size_t size() const { return nodes_.size(); }
-    AlignmentRecord& record(int i) { return nodes_[i].record; }
+    AlignmentRecord& record(int i) { return records_[static_cast<std::size_t>(i)]; }
 
     // Puts the record after every record it does not sort before: the place
     // a stable insertion gives it, equal stations keeping their order.
@@ -87,8 +91,8 @@ public:
             int b = firstAfter(a, atLeast, atLeastIn);
             if (b < 0) return -1;
             int before = previous(b);
-            if (nodes_[before].record.station <= station) return before;
-            a = nodes_[b].record.station <= station ? b : firstAfter(b, atMost, atMostIn);
+            if (nodes_[before].station <= station) return before;
+            a = nodes_[b].station <= station ? b : firstAfter(b, atMost, atMostIn);
         }
         return -1;
     }
@@ -103,13 +107,15 @@ public:
         Records records;
         records.reserve(nodes_.size());
         for (int i = root_ < 0 ? -1 : leftmost(root_); i >= 0; i = next(i))
-            records.push_back(nodes_[i].record);
+            records.push_back(records_[static_cast<std::size_t>(i)]);
         return records;
     }
 
 private:
+    // The tree's own data, apart from the records, so that walks stay in few
+    // cache lines.
     struct Node {
-        AlignmentRecord record;
+        double station = 0.0;
         int left = -1, right = -1, parent = -1;
         std::uint32_t priority = 0;
         bool sweeps = false;     // an arc that sweeps half a circle before the next record
@@ -141,7 +147,7 @@ private:
             const Node& n = nodes_[i];
             if (n.left >= 0 && subtree(nodes_[n.left]))
                 i = n.left;
-            else if (test(n.record.station))
+            else if (test(n.station))
                 return i;
             else if (n.right >= 0 && subtree(nodes_[n.right]))
                 i = n.right;
@@ -164,7 +170,7 @@ private:
         for (int child = a, parent = nodes_[a].parent; parent >= 0;
              child = parent, parent = nodes_[parent].parent) {
             if (nodes_[parent].left != child) continue;
-            if (test(nodes_[parent].record.station)) return parent;
+            if (test(nodes_[parent].station)) return parent;
             int other = nodes_[parent].right;
             if (other >= 0 && subtree(nodes_[other])) return firstIn(other, test, subtree);
         }
@@ -179,7 +185,7 @@ private:
             const Node& n = nodes_[i];
             if (n.right >= 0 && subtree(nodes_[n.right]))
                 i = n.right;
-            else if (test(n.record.station))
+            else if (test(n.station))
                 return i;
             else if (n.left >= 0 && subtree(nodes_[n.left]))
                 i = n.left;
@@ -191,7 +197,7 @@ private:
 
     void pull(int i) {
         Node& n = nodes_[i];
-        double s = n.record.station;
+        double s = n.station;
         n.hasNaN = std::isnan(s);
         n.least = n.hasNaN ? infinity : s;
         n.greatest = n.hasNaN ? -infinity : s;
@@ -199,8 +205,8 @@ private:
         for (int child : {n.left, n.right}) {
             if (child < 0) continue;
             const Node& c = nodes_[child];
-            n.least = std::fmin(n.least, c.least);
-            n.greatest = std::fmax(n.greatest, c.greatest);
+            n.least = std::min(n.least, c.least);  // never not a number: see hasNaN
+            n.greatest = std::max(n.greatest, c.greatest);
             n.hasNaN = n.hasNaN || c.hasNaN;
             n.anySweeps = n.anySweeps || c.anySweeps;
         }
@@ -241,15 +247,15 @@ private:
     void updateSweep(int i) {
         if (i < 0) return;
         int following = next(i);
-        nodes_[i].sweeps =
-            following >= 0 && arcSweepsHalfCircle(nodes_[i].record, nodes_[following].record);
+        nodes_[i].sweeps = following >= 0 && arcSweepsHalfCircle(record(i), record(following));
         pullUp(i);
     }
 
     // Puts the record right after record `after` (-1: first of all).
     void insert(const AlignmentRecord& record, int after) {
         int i = static_cast<int>(nodes_.size());
-        nodes_.push_back(Node{record});
+        nodes_.push_back(Node{record.station});
+        records_.push_back(record);
         nodes_[i].priority = random_();
         if (root_ < 0) {
             root_ = i;
@@ -274,6 +280,7 @@ private:
     }
 
     std::vector<Node> nodes_;
+    std::vector<AlignmentRecord> records_;  // record i belongs to node i
     int root_ = -1;
     std::minstd_rand random_{20061121};  // fixed: the shape, never the order, depends on it
 };
