@@ -60,11 +60,12 @@ std::string utf8ToWindows1252(std::string_view utf8) {
     std::string text;
     text.reserve(utf8.size());
     for (std::size_t i = 0; i < utf8.size();) {
+        std::size_t run = i;  // plain characters go over as they are, a run at a time
+        while (run < utf8.size() && static_cast<unsigned char>(utf8[run]) < firstUpperControl)
+            ++run;
+        text.append(utf8, i, run - i);
+        if ((i = run) == utf8.size()) break;
         auto lead = static_cast<unsigned char>(utf8[i]);
-        if (lead < firstUpperControl) {
-            text += utf8[i++];
-            continue;
-        }
         std::size_t length = sequenceLength(lead);
         if (length == 0 || i + length > utf8.size()) {  // not UTF-8: one "?" a byte
             text += '?';

@@ -24,11 +24,4 @@ int compareByStationAndOffset(const SectionPointText& a, const SectionPointText&
     return a.offset >= b.offset ? 1 : -1;
 }
 
-long countSections(const std::vector<SectionPoint>& points) {
-    long sections = 0;
-    for (std::size_t i = 0; i < points.size(); ++i)
-        if (i == 0 || points[i].station != points[i - 1].station) ++sections;
-    return sections;
-}
-
 }  // namespace quelcnv

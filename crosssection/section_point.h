@@ -36,8 +36,4 @@ int compareByOffsetAndCode(const SectionPoint& a, const SectionPoint& b);
 // a is the one with the lower station. Deliberately not symmetric.
 int compareByStationAndOffset(const SectionPointText& a, const SectionPointText& b);
 
-// The sections of points in section order: each run of points at one
-// station is one.
-long countSections(const std::vector<SectionPoint>& points);
-
 }  // namespace quelcnv

@@ -82,7 +82,8 @@ public:
             outcome_ = Outcome::failed(Failure::rejected);
             return;
         }
-        outcome_ = writeSortedPoints(points_, ruxoPath_, sortsBefore);
+        auto before = [](const auto& a, const auto& b) { return sortsBefore(a, b); };
+        outcome_ = writeSortedPoints(points_, ruxoPath_, before, pointTolerance);
     }
 
 private:

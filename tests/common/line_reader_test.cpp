@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
+
 #include "tests/test_support.h"
 
 namespace quelcnv {
@@ -102,6 +104,50 @@ TEST_F(LineReaderTest, EndOfFileRulesAndLineCount) {
     }
     EXPECT_EQ(countLines(file("missing.txt")), 0);
     EXPECT_EQ(countLines(dir_.string()), 0);  // a folder is no file to read
+}
+
+// The rules done a byte at a time, as the C runtime's text mode reads: the
+// reads of a whole file, for comparison with the block reader.
+Reads bytewiseReads(std::string_view bytes) {
+    std::size_t ctrlZ = bytes.find('\x1A');
+    if (ctrlZ != std::string_view::npos) bytes = bytes.substr(0, ctrlZ);
+    Reads reads;
+    std::size_t i = 0;
+    while (true) {
+        std::string piece;
+        bool ended = false;
+        while (piece.size() < LineReader::maxLineLength && !ended && i < bytes.size()) {
+            char c = bytes[i++];
+            if (c == '\r' && i < bytes.size() && bytes[i] == '\n') c = bytes[i++];
+            piece += c;
+            ended = c == '\n';
+        }
+        bool atEnd = !ended && piece.size() < LineReader::maxLineLength;
+        if (piece.empty() && atEnd) return reads;
+        reads.emplace_back(piece.substr(0, piece.find('\0')), atEnd ? last : line);
+        if (atEnd) return reads;
+    }
+}
+
+// Lines are handed out from the block where they can be, and gathered where
+// they cross a block's end or hold CR, Ctrl-Z or NUL: the same reads as the
+// rules done byte by byte, on files of several blocks.
+TEST_F(LineReaderTest, BlocksReadAsBytesWould) {
+    std::mt19937 random(20261123);
+    const char alphabet[] = "abc  \n\n\n\r\r\n";
+    for (int round = 0; round < 12; ++round) {
+        std::string bytes;
+        std::size_t size = 150000 + random() % 100000;
+        while (bytes.size() < size) {
+            std::size_t length = random() % 8 == 0 ? random() % 600 : random() % 40;
+            for (std::size_t k = 0; k < length; ++k)
+                bytes += alphabet[random() % (sizeof alphabet - 1)];
+            bytes += random() % 2 ? "\n" : "\r\n";
+            if (random() % 5000 == 0) bytes += '\0';
+        }
+        if (round % 3 == 0) bytes.insert(bytes.size() - random() % 1000, 1, '\x1A');
+        ASSERT_EQ(readAll(bytes), bytewiseReads(bytes)) << round;
+    }
 }
 
 }  // namespace
