@@ -47,6 +47,7 @@ void moveCurvesBack(std::vector<AlignmentRecord>& records) {
 // One key point for each line of six numbers.
 std::vector<AlignmentRecord> readKeyPoints(LineReader& reader) {
     std::vector<AlignmentRecord> records;
+    records.reserve(linesAhead(reader));
     std::string line;
     while (readLineThroughEnd(reader, line))
         if (auto record = parseKeyPoint(line)) records.push_back(*record);

@@ -86,6 +86,7 @@ AlignmentRecord recordOf(const IspolElement& element, double station) {
 // after the first element, or an incomplete line, ends them too.
 std::vector<AlignmentRecord> readElements(LineReader& reader) {
     std::vector<AlignmentRecord> records;
+    records.reserve(linesAhead(reader));
     std::string line;
     if (!readDataLine(reader, line)) return records;
     double station = parseNumber(line);

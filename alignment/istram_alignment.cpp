@@ -56,6 +56,7 @@ AlignmentRecord recordOf(std::string_view text) {
 // wide lines without a word that follow it (the closing point) belong to it.
 std::vector<AlignmentRecord> readTables(LineReader& reader) {
     std::vector<AlignmentRecord> records;
+    records.reserve(linesAhead(reader));
     bool inTable = false;
     std::string line;
     while (readLineThroughEnd(reader, line)) {

@@ -35,6 +35,7 @@ AlignmentFile readAlignmentFile(const std::string& path, CommentLines comments) 
         return file;
     }
     file.capacity = 3 * static_cast<std::size_t>(lineCount);
+    file.records.reserve(static_cast<std::size_t>(lineCount));
     std::string line;
     long lineNumber = 0;
     while (readLineBeforeEnd(reader, line)) {

@@ -211,6 +211,15 @@ int countLines(const std::string& path) {
     return reads + 1;
 }
 
+std::size_t linesAhead(LineReader& reader) {
+    std::uint64_t start = reader.position();
+    std::string_view text;
+    std::size_t reads = 0;
+    while (readLineBeforeEnd(reader, text)) ++reads;
+    reader.seek(start);
+    return reads + 1;
+}
+
 std::string_view withoutLineBreak(std::string_view line) {
     if (!line.empty() && line.back() == '\n') line.remove_suffix(1);
     return line;

@@ -115,6 +115,11 @@ auto readWhole(const std::string& path, Read read)
 // by it, the extra one being deliberate headroom. 0 when the file cannot be opened.
 int countLines(const std::string& path);
 
+// countLines for the rest of an open file, read from where the reader stands,
+// which it then goes back to: what a reader reserves its records from, one at
+// most per line, instead of growing its table as it goes.
+std::size_t linesAhead(LineReader& reader);
+
 // The text of a line read without the line feed that ended it, if one did.
 std::string_view withoutLineBreak(std::string_view line);
 

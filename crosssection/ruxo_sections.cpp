@@ -56,17 +56,17 @@ Outcome convertPoints(const std::string& entrada, const std::string& salida, Lin
         }));
 }
 
-// The points of every line a read rule lets through.
-SectionPoints readPoints(const std::string& path, LineRule readLine, PointOf pointOf) {
-    SectionPoints read;
+// The points of every line a read rule lets through, one by one.
+Outcome readPoints(const std::string& path, LineRule readLine, PointOf pointOf,
+                   const EachPoint& each) {
     LineReader reader;
-    if (!reader.open(path)) return {Outcome::failed(Failure::inputUnreadable), {}};
+    if (!reader.open(path)) return Outcome::failed(Failure::inputUnreadable);
     std::string_view line;
     while (readLine(reader, line)) {
-        if (std::optional<SectionPointText> p = pointOf(line)) read.points.push_back(p->owned());
+        if (std::optional<SectionPointText> p = pointOf(line)) each(*p);
     }
-    if (reader.readFailed()) read.outcome = Outcome::failed(Failure::inputUnreadable);
-    return read;
+    if (reader.readFailed()) return Outcome::failed(Failure::inputUnreadable);
+    return Outcome::done();
 }
 
 }  // namespace
@@ -90,12 +90,12 @@ std::optional<SectionPointText> commaSectionPoint(std::string_view line) {
     return SectionPointText{station, offset, elevation, code};
 }
 
-SectionPoints readRuxoSections(const std::string& path) {
-    return readPoints(path, readLineBeforeEnd, ruxoSectionPoint);
+Outcome readRuxoSections(const std::string& path, const EachPoint& each) {
+    return readPoints(path, readLineBeforeEnd, ruxoSectionPoint, each);
 }
 
-SectionPoints readCommaSections(const std::string& path) {
-    return readPoints(path, readLineThroughEnd, commaSectionPoint);
+Outcome readCommaSections(const std::string& path, const EachPoint& each) {
+    return readPoints(path, readLineThroughEnd, commaSectionPoint, each);
 }
 
 Outcome convertRuxoSectionsToNevo(const std::string& entrada, const std::string& salida) {

@@ -3,10 +3,10 @@
 // One point per line; a section is the run of lines sharing one station.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "common/outcome.h"
 #include "crosssection/section_point.h"
@@ -34,17 +34,13 @@ std::optional<SectionPointText> ruxoSectionPoint(std::string_view line);
 // third comma but its last character. Nothing for fewer than three fields.
 std::optional<SectionPointText> commaSectionPoint(std::string_view line);
 
-struct SectionPoints {
-    Outcome outcome;
-    std::vector<SectionPoint> points;
-};
+// Each point of a RUXO cross-section file handed to `each` as it is read, by
+// the rules of convertRuxoSectionsToNevo; fails with inputUnreadable.
+using EachPoint = std::function<void(const SectionPointText&)>;
+Outcome readRuxoSections(const std::string& path, const EachPoint& each);
 
-// Every point of a RUXO cross-section file, read by the rules of
-// convertRuxoSectionsToNevo; fails with inputUnreadable.
-SectionPoints readRuxoSections(const std::string& path);
-
-// Every point of a comma-separated file, read by the rules of
-// convertCommaSectionsToFixedWidth; fails with inputUnreadable.
-SectionPoints readCommaSections(const std::string& path);
+// The same for a comma-separated file, by the rules of
+// convertCommaSectionsToFixedWidth.
+Outcome readCommaSections(const std::string& path, const EachPoint& each);
 
 }  // namespace quelcnv

@@ -54,6 +54,7 @@ std::int32_t millimetres(double z) {
 // always been written.
 std::vector<LevelPoint> readPoints(LineReader& reader) {
     std::vector<LevelPoint> points;
+    points.reserve(linesAhead(reader));
     std::string line;
     while (readLineBeforeEnd(reader, line))
         if (std::optional<LevelPoint> point = parsePoint(line)) points.push_back(*point);

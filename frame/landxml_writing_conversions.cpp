@@ -46,22 +46,27 @@ Outcome profileToLandXml(Arguments& a) {
     return writeLandXmlProfile(profile.vertices, a[1]);
 }
 
+using SectionsReader = Outcome (*)(const std::string& path, const EachPoint& each);
+
 // The points of a cross-section file as a document whose surface is named
 // after entrada.
-Outcome sectionsToLandXml(const SectionPoints& read, const Arguments& a) {
-    if (!read.outcome.ok()) return read.outcome;
-    return writeLandXmlSections(read.points, a[0], a[1]);
+template <SectionsReader read>
+Outcome sectionsToLandXml(const std::string& points, const Arguments& a) {
+    LandXmlSections sections;
+    Outcome reading = read(points, [&](const SectionPointText& p) { sections.add(p); });
+    if (!reading.ok()) return reading;
+    return writeLandXmlSections(sections, a[0], a[1]);
 }
 
 template <FileConversion import>
 Outcome importedSectionsToLandXml(Arguments& a) {
     return chainThroughScratch(
         [&](const std::string& temp) { return import(a[0], temp); },
-        [&](const std::string& temp) { return sectionsToLandXml(readRuxoSections(temp), a); },
+        [&](const std::string& temp) { return sectionsToLandXml<readRuxoSections>(temp, a); },
         ScratchAfter::removed);
 }
 
-Outcome travelm2landxml(Arguments& a) { return sectionsToLandXml(readCommaSections(a[0]), a); }
+Outcome travelm2landxml(Arguments& a) { return sectionsToLandXml<readCommaSections>(a[0], a); }
 
 const Conversion conversions[] = {
     {"travelm2landxml", travelm2landxml, HostResult::doneOrFailed},

@@ -1,5 +1,7 @@
 #include "landxml/xml_writer.h"
 
+#include <algorithm>
+
 #include "common/code_page.h"
 #include "common/text_format.h"
 
@@ -19,6 +21,11 @@ bool isForbidden(char32_t c) {
 // The text escaped: the markup characters (and the quote in attribute
 // values) as entity references, everything outside ASCII as a numeric one.
 std::string escaped(std::string_view text, TextSource source, bool inAttribute) {
+    auto plain = [](char c) {  // ASCII that stands for itself in text and in values
+        return (c >= 0x20 && c < 0x7F && c != '&' && c != '<' && c != '>' && c != '"') ||
+               c == '\t' || c == '\n' || c == '\r';
+    };
+    if (std::all_of(text.begin(), text.end(), plain)) return std::string(text);
     std::u32string characters =
         source == TextSource::fileName ? fileNameCharacters(text) : codePageCharacters(text);
     std::string out;

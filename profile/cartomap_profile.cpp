@@ -38,6 +38,7 @@ std::optional<ProfileVertex> parseVertex(std::string_view line) {
 Outcome readVertices(const std::string& path, Profile& vertices) {
     LineReader reader;
     if (!reader.open(path)) return Outcome::failed(Failure::inputUnreadable);
+    vertices.reserve(linesAhead(reader));
     std::string line;
     while (readLineBeforeEnd(reader, line)) {
         if (std::optional<ProfileVertex> vertex = parseVertex(line)) vertices.push_back(*vertex);

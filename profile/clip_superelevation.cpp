@@ -31,6 +31,7 @@ Outcome convertClipSuperelevation(const std::string& entrada, const std::string&
     LineReader reader;
     if (!reader.open(entrada)) return Outcome::failed(Failure::inputUnreadable);
     std::vector<SuperelevationRow> rows;
+    rows.reserve(linesAhead(reader));
     // A last line without a line break is taken. A read that finds nothing
     // left leaves the last line in the buffer, already split: it gives no
     // row, so it ends the reading.

@@ -38,6 +38,7 @@ std::optional<SuperelevationRow> parseRow(std::string_view line) {
 // title; one whose title has no line break gives none.
 std::vector<SuperelevationRow> readRows(LineReader& reader) {
     std::vector<SuperelevationRow> rows;
+    rows.reserve(linesAhead(reader));
     std::string line;
     if (reader.read(line) != ReadStatus::line) return rows;
     bool titleInBuffer = true;

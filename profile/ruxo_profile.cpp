@@ -50,6 +50,7 @@ ProfileRead readRuxoProfile(const std::string& path) {
         profile.outcome = Outcome::failed(Failure::inputUnreadable);
         return profile;
     }
+    profile.vertices.reserve(linesAhead(reader));
     // Every read is converted, the one that meets the end of the file too.
     // A read that finds nothing left leaves the previous line in the buffer,
     // already cut at its first comma: it never gives a vertex, so it ends
