@@ -75,8 +75,10 @@ void OutputFile::write(std::string_view text) {
         std::size_t lineFeed = text.find('\n', start);
         std::size_t end = lineFeed == std::string_view::npos ? text.size() : lineFeed;
         std::size_t length = end - start;
-        std::memcpy(room(length), text.data() + start, length);
-        used(length);
+        if (length > 0) {
+            std::memcpy(room(length), text.data() + start, length);
+            used(length);
+        }
         if (lineFeed == std::string_view::npos) break;
         std::memcpy(room(newline_.size()), newline_.data(), newline_.size());
         used(newline_.size());

@@ -18,7 +18,7 @@ namespace {
 }
 
 char* put(char* out, std::string_view text) {
-    std::memcpy(out, text.data(), text.size());
+    if (!text.empty()) std::memcpy(out, text.data(), text.size());  // an empty view may hold null
     return out + text.size();
 }
 
