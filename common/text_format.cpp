@@ -198,16 +198,6 @@ struct Wide {
         for (std::uint32_t& l : limb)
             if (++l != 0) break;
     }
-    // Divides by d (below 2^32) and gives the remainder.
-    std::uint32_t divide(std::uint32_t d) {
-        std::uint64_t rest = 0;
-        for (int i = 3; i >= 0; --i) {
-            std::uint64_t current = (rest << 32) | limb[i];
-            limb[i] = static_cast<std::uint32_t>(current / d);
-            rest = current % d;
-        }
-        return static_cast<std::uint32_t>(rest);
-    }
     std::uint64_t low64() const { return limb[0] | static_cast<std::uint64_t>(limb[1]) << 32; }
 };
 

@@ -98,8 +98,7 @@ public:
     std::size_t fixedRoom() const { return fixedRoom_; }
     std::size_t conversions() const { return conversions_; }
     bool takesTexts() const { return takesTexts_; }
-    // The length of the literal runs, and the line feeds in them.
-    std::size_t literalLength() const { return literalLength_; }
+    // The line feeds in the literal runs.
     long literalLineFeeds() const { return literalLineFeeds_; }
 
 private:
