@@ -2,6 +2,11 @@
 
 #include <sys/stat.h>
 
+#ifndef _WIN32
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
 namespace quelcnv {
 
 namespace {
@@ -24,9 +29,50 @@ Status statusOf(std::FILE* file) {
 
 unsigned modeOf(std::FILE* file) { return statusOf(file).mode; }
 
+#ifndef _WIN32
+// A stream over a descriptor opened without waiting, which waits again from
+// now on like any stream; nullptr (and the descriptor closed) when `keep`
+// refuses the file.
+std::FILE* streamOver(int fd, const char* mode, bool (*keep)(const struct stat&)) {
+    if (fd < 0) return nullptr;
+    struct stat status;
+    int flags = fcntl(fd, F_GETFL);
+    if (fstat(fd, &status) != 0 || !keep(status) || flags < 0 ||
+        fcntl(fd, F_SETFL, flags & ~O_NONBLOCK) != 0) {
+        close(fd);
+        return nullptr;
+    }
+    std::FILE* file = fdopen(fd, mode);
+    if (file == nullptr) close(fd);
+    return file;
+}
+#endif
+
 }  // namespace
 
-bool isDirectory(std::FILE* file) { return (modeOf(file) & S_IFMT) == S_IFDIR; }
+std::FILE* openInputFile(const std::string& path) {
+#ifdef _WIN32
+    std::FILE* file = std::fopen(path.c_str(), "rb");
+    if (file != nullptr && !isRegularFile(file)) {
+        std::fclose(file);
+        return nullptr;
+    }
+    return file;
+#else
+    int fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    return streamOver(fd, "rb", [](const struct stat& status) { return S_ISREG(status.st_mode); });
+#endif
+}
+
+std::FILE* openOutputFile(const std::string& path) {
+#ifdef _WIN32
+    return std::fopen(path.c_str(), "wb");
+#else
+    int fd =
+        open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0666);
+    return streamOver(fd, "wb", [](const struct stat&) { return true; });
+#endif
+}
 
 bool isRegularFile(std::FILE* file) { return (modeOf(file) & S_IFMT) == S_IFREG; }
 

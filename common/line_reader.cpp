@@ -29,12 +29,8 @@ LineReader::~LineReader() { close(); }
 
 bool LineReader::open(const std::string& path) {
     close();
-    file_ = std::fopen(path.c_str(), "rb");
+    file_ = openInputFile(path);
     if (file_ == nullptr) return false;
-    if (isDirectory(file_)) {  // opens on some systems, but is no file to read
-        close();
-        return false;
-    }
     buffer_.resize(bufferSize);
     return true;
 }
@@ -71,7 +67,7 @@ namespace {
 // LF pair), Ctrl-Z and NUL. Their next places in the block are remembered,
 // so each is searched for once per block, not once per line.
 constexpr char specialBytes[] = {'\r', ctrlZ, '\0'};
-constexpr std::size_t carriageReturn = 0, substitute = 1, nul = 2;
+constexpr std::size_t carriageReturn = 0, substitute = 1;
 
 }  // namespace
 

@@ -43,7 +43,7 @@ OutputFile::~OutputFile() {
 
 bool OutputFile::open(const std::string& path) {
     if (file_ != nullptr) closeAndRemove();
-    file_ = std::fopen(path.c_str(), "wb");
+    file_ = openOutputFile(path);
     if (file_ == nullptr) return false;
     path_ = resolvedPath(path);
     newline_ = std::string(platformNewline());

@@ -41,6 +41,22 @@ const Conversion* findConversion(std::string_view name) {
     return nullptr;
 }
 
+DocumentedResults documentedResults(HostResult rule) {
+    switch (rule) {
+        case HostResult::doneOrFailed:
+        case HostResult::importer: return {{0, 1}, {0}};
+        // The LandXML alignment's RUXO file is written even when its result
+        // flag is 0; the host reads both.
+        case HostResult::readerFlag:
+        case HostResult::listWritten: return {{0, 1}, {}};
+        case HostResult::alwaysDone: return {{1}, {}};
+        case HostResult::levelBook:
+            return {{0, 1, levelBookInputUnreadable}, {0, levelBookInputUnreadable}};
+        case HostResult::none: return {{0}, {}};
+    }
+    return {};
+}
+
 int hostResult(HostResult rule, const Outcome& outcome) {
     switch (rule) {
         case HostResult::doneOrFailed: return outcome.ok() ? 1 : 0;

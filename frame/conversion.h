@@ -59,6 +59,14 @@ const Conversion* findConversion(std::string_view name);
 // becomes a result.
 int hostResult(HostResult rule, const Outcome& outcome);
 
+// The integers an entry point of that rule may give, and among them those
+// that say nothing was converted: after one of those no output file is left.
+struct DocumentedResults {
+    std::vector<int> possible;
+    std::vector<int> failures;
+};
+DocumentedResults documentedResults(HostResult rule);
+
 // Longest path the host's 256-byte buffers hold.
 inline constexpr std::size_t maxPathLength = 255;
 

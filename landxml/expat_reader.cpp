@@ -1,6 +1,8 @@
 // The event reader over expat, for every platform but Windows.
 #include "landxml/expat_reader.h"
 
+#include "common/file_status.h"
+
 #include <expat.h>
 
 #include <cstdio>
@@ -8,6 +10,7 @@
 #include <memory>
 
 #include "common/code_page.h"
+#include "common/file_status.h"
 #include "common/text_case.h"
 
 namespace quelcnv {
@@ -172,7 +175,7 @@ SaxResult parseWithExpat(SaxHandler& handler, const std::string& path, std::size
     ParserHandle parser(XML_ParserCreateNS(nullptr, namespaceSeparator));
     if (!parser) return {};
     ExpatParse parse(handler, parser.get());
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path.c_str(), "rb"));
+    std::unique_ptr<std::FILE, FileCloser> file(openInputFile(path));
     if (!file) return {true, SaxEnd::unreadable, 0};
     return parse.run(file.get(), chunkSize == 0 ? defaultChunkSize : chunkSize);
 }

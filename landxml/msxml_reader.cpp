@@ -12,6 +12,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/file_status.h"
+
 namespace quelcnv {
 
 namespace {
@@ -307,13 +309,14 @@ struct ParseOutcome {
     bool whole = false;    // and it read the whole document
 };
 
-// Whether the file can be opened at all: what tells a missing or unreadable
-// file from a document MSXML rejected.
+// Whether the file can be opened at all, and is a regular file: what tells a
+// missing or unreadable file from a document MSXML rejected.
 bool canOpen(const std::wstring& path) {
     std::FILE* file = _wfopen(path.c_str(), L"rb");
     if (file == nullptr) return false;
+    bool regular = isRegularFile(file);
     std::fclose(file);
-    return true;
+    return regular;
 }
 
 // One parse from COM's start to its end; every object is released on return.

@@ -164,16 +164,17 @@ TEST_F(CommandTest, SaysWhyNamingTheFile) {
 #ifndef _WIN32
 // A device that takes no byte more, and a pipe: the command reads its input
 // once, as the converter does, and says which file failed.
-TEST_F(CommandTest, FullDeviceAndPipes) {
+TEST_F(CommandTest, FullDeviceFailsAndAPipedInputIsRefused) {
     const std::string ruxo = test::testData("crosssection/eje.ruxo").string();
     CommandRun full = run({"ruxo2nevo", ruxo, "/dev/full"});
     EXPECT_EQ(full.status, 1);
     EXPECT_EQ(full.err, "quelcnv: no se puede escribir el fichero de salida: /dev/full\n");
+    // Converters may read their input twice, which a pipe cannot give.
     std::string command = "cat '" + ruxo + "' | '" + std::string(QUELCNV_COMMAND) +
                           "' --silencio ruxo2nevo /dev/stdin '" + file("piped.nev") + "'";
-    EXPECT_EQ(std::system(command.c_str()), 0);
-    EXPECT_EQ(run({"ruxo2nevo", ruxo, file("direct.nev")}).status, 0);
-    EXPECT_EQ(test::readBytes(file("piped.nev")), test::readBytes(file("direct.nev")));
+    int status = std::system(command.c_str());
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 3) << status;
+    EXPECT_FALSE(std::filesystem::exists(file("piped.nev")));
 }
 #endif
 
