@@ -38,6 +38,9 @@ struct Expectation {
     fs::path expected;  // under tests/data; empty: the output stays untouched
 };
 
+// How a case shows in test names and messages (and not as raw bytes).
+void PrintTo(const Case& c, std::ostream* out) { *out << c.family << " line " << c.number; }
+
 std::vector<Case> listedCases() {
     std::vector<Case> cases;
     for (const char* family : families) {

@@ -14,6 +14,12 @@
 
 namespace quelcnv::test {
 
+std::chrono::seconds childTimeLimit() {
+    const char* setting = std::getenv("QUELCNV_TEST_TIME_LIMIT");
+    int seconds = setting != nullptr ? std::atoi(setting) : 0;
+    return std::chrono::seconds(seconds > 0 ? seconds : 20);
+}
+
 pid_t startChild(const std::function<int()>& work) {
     std::fflush(nullptr);
     pid_t child = fork();
@@ -23,13 +29,13 @@ pid_t startChild(const std::function<int()>& work) {
 
 ChildRun waitForChild(pid_t child) {
     if (child < 0) return {false, 0, "fork fallo"};
-    auto deadline = std::chrono::steady_clock::now() + childTimeLimit;
+    auto deadline = std::chrono::steady_clock::now() + childTimeLimit();
     int status = 0;
     while (waitpid(child, &status, WNOHANG) == 0) {
         if (std::chrono::steady_clock::now() > deadline) {
             kill(child, SIGKILL);
             waitpid(child, &status, 0);
-            return {false, 0, "no acabo en " + std::to_string(childTimeLimit.count()) + " s"};
+            return {false, 0, "no acabo en " + std::to_string(childTimeLimit().count()) + " s"};
         }
         std::this_thread::sleep_for(std::chrono::milliseconds(2));
     }
