@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "cli/batch.h"
 #include "cli/operations.h"
 #include "cli/report.h"
 #include "common/scratch.h"
@@ -21,6 +22,7 @@ using namespace quelcnv::cli::exits;
 
 const char usageText[] =
     "Uso: quelcnv [--crlf] [--silencio] [--scratch CARPETA] OPERACION ARGUMENTO...\n"
+    "     quelcnv lote OPERACION --salida CARPETA [-j N] [--con NOMBRE=VALOR]... ENTRADA...\n"
     "     quelcnv lista\n"
     "     quelcnv ayuda OPERACION\n"
     "     quelcnv --help | --version\n";
@@ -168,6 +170,7 @@ int run(std::vector<std::string> words) {
     if (i == words.size()) return usageError("falta la operacion");
     std::string name = words[i++];
     std::vector<std::string> args(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
+    if (name == "lote") return quelcnv::cli::runBatch(args);
     if (name == "lista")
         return args.empty() ? listOperations() : usageError("lista no lleva argumentos");
     if (name == "ayuda") {

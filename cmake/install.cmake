@@ -27,6 +27,8 @@ else()
   install(TARGETS quelcnv_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/include/quelcnv.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/doc/quelcnv.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
+  install(FILES ${PROJECT_SOURCE_DIR}/completions/quelcnv.bash
+          DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME quelcnv)
 
   set(config_dir ${CMAKE_INSTALL_LIBDIR}/cmake/quelcnv)
   install(EXPORT quelcnvTargets NAMESPACE quelcnv:: DESTINATION ${config_dir})

@@ -178,6 +178,46 @@ TEST_F(CommandTest, FullDeviceFailsAndAPipedInputIsRefused) {
 }
 #endif
 
+// A batch over good and bad files goes on after each failure, names every
+// output after its input, and ends with the failed files and their reasons;
+// in two processes it gives the same outputs.
+TEST_F(CommandTest, BatchConvertsEveryFileAndListsTheFailures) {
+    const std::string ruxo = test::readBytes(test::testData("crosssection/eje.ruxo"));
+    std::filesystem::create_directories(file("entradas"));
+    test::writeBytes(file("entradas/uno.ruxo"), ruxo);
+    test::writeBytes(file("entradas/dos.txt"), ruxo);
+    test::writeBytes(file("entradas/vacio.ruxo"), "");
+    CommandRun direct =
+        run({"--silencio", "ruxo2nevo", file("entradas/uno.ruxo"), file("directo.nev")});
+    ASSERT_EQ(direct.status, 0);
+    for (const char* processes : {"1", "2"}) {
+        std::string out = file(std::string("salidas-") + processes);
+        CommandRun batch = run({"lote", "ruxo2nevo", "--salida", out, "-j", processes,
+                                file("entradas/uno.ruxo"), file("entradas/falta.ruxo"),
+                                file("entradas/dos.txt"), file("entradas/vacio.ruxo")});
+        EXPECT_EQ(batch.status, 1) << processes;
+        EXPECT_EQ(test::readBytes(out + "/uno.nev"), test::readBytes(file("directo.nev")));
+        EXPECT_EQ(test::readBytes(out + "/dos.nev"), test::readBytes(file("directo.nev")));
+        EXPECT_FALSE(std::filesystem::exists(out + "/falta.nev"));
+        EXPECT_NE(batch.err.find("[4/4]"), std::string::npos) << batch.err;
+        std::string summary = batch.err.substr(batch.err.find("Hechos: "));
+        EXPECT_EQ(summary, "Hechos: 2. Fallidos: 2.\n  " + file("entradas/falta.ruxo") +
+                               ": no se puede leer el fichero de entrada: " +
+                               file("entradas/falta.ruxo") + "\n  " + file("entradas/vacio.ruxo") +
+                               ": no se ha reconocido ningun dato en el fichero de entrada: " +
+                               file("entradas/vacio.ruxo") + "\n");
+    }
+    EXPECT_EQ(run({"lote", "aruxo2nevo", "--salida", file("x"), file("entradas/uno.ruxo")}).status,
+              2);
+    test::writeBytes(file("entradas/eje.ruxo"),
+                     test::readBytes(test::testData("alignment/nevo/left_curve.ruxo")));
+    EXPECT_EQ(run({"lote", "aruxo2nevo", "--salida", file("ejes"), "--con",
+                   "pathAp=" + dir_.string(), file("entradas/eje.ruxo")})
+                  .status,
+              0);
+    EXPECT_TRUE(std::filesystem::exists(file("ejes/eje.nev")));
+}
+
 TEST_F(CommandTest, ReverseStringPrintsItsBufferAndUsesTheScratchOption) {
     CommandRun sample = run({"--crlf", "--scratch", file("elsewhere"), "ReverseString", "abc"});
     EXPECT_EQ(sample.status, 0);

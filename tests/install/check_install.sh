@@ -20,6 +20,7 @@ test -L "$(dirname "$library")/libquelcnv.so"
 test -f "$prefix/include/quelcnv.h"
 test -x "$prefix/bin/quelcnv"
 test -f "$prefix/share/man/man1/quelcnv.1"
+test -f "$prefix/share/bash-completion/completions/quelcnv"
 "$prefix/bin/quelcnv" --version | grep -q '^quelcnv '
 # the man page is well-formed groff (warnings are errors)
 if command -v groff >/dev/null; then
