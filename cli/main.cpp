@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/batch.h"
+#include "cli/landxml_tools.h"
 #include "cli/operations.h"
 #include "cli/report.h"
 #include "common/scratch.h"
@@ -23,6 +24,7 @@ using namespace quelcnv::cli::exits;
 const char usageText[] =
     "Uso: quelcnv [--crlf] [--silencio] [--scratch CARPETA] OPERACION ARGUMENTO...\n"
     "     quelcnv lote OPERACION --salida CARPETA [-j N] [--con NOMBRE=VALOR]... ENTRADA...\n"
+    "     quelcnv contenido FICHERO.xml\n"
     "     quelcnv lista\n"
     "     quelcnv ayuda OPERACION\n"
     "     quelcnv --help | --version\n";
@@ -128,9 +130,49 @@ void printSelectionList() {
     std::cout << list.rdbuf();
 }
 
+bool readsLandXml(const Operation& op) {
+    return op.name.starts_with("selecciona") || op.name.starts_with("alandxml") ||
+           op.name.starts_with("rlandxml") || op.name.starts_with("tralandxml");
+}
+
+// The LandXML conversions as a user types them: an alignment by its name in
+// place of selec, a surface as the list shows it ("Eje A: Terreno") in
+// place of transver and capa. An error message, or nothing.
+std::optional<std::string> takeLandXmlNames(const Operation& op, std::vector<std::string>& args) {
+    if (op.name.starts_with("alandxml2nevo") && args.size() == 4 && !isWholeNumber(args[0])) {
+        std::optional<int> index = quelcnv::cli::alignmentIndex(args[1], args[0]);
+        if (!index)
+            return "el documento no tiene ningun eje llamado \"" + args[0] + "\": " + args[1];
+        args[0] = std::to_string(*index);
+    }
+    if (op.name.starts_with("tralandxml2nevo") && args.size() == 3) {
+        std::size_t colon = args[0].find(": ");
+        if (colon == std::string::npos)
+            return "la superficie va como la muestra la lista, \"EJE: SUPERFICIE\": " + args[0];
+        args.insert(args.begin() + 1, args[0].substr(colon + 2));
+        args[0].resize(colon);
+    }
+    return std::nullopt;
+}
+
+// A LandXML document in feet (or any unit but metres) is converted as it
+// stands: the user is told, the result stays the same.
+void warnOfUnits(const Operation& op, const std::vector<std::string>& args) {
+    auto names = op.argumentNames();
+    for (std::size_t i = 0; i < names.size() && i < args.size(); ++i) {
+        if (names[i] != "entrada") continue;
+        if (auto unit = quelcnv::cli::nonMetricUnit(args[i])) {
+            std::cerr << "quelcnv: aviso: el documento declara la unidad lineal " << *unit
+                      << "; las coordenadas se toman tal cual, como metros\n";
+        }
+    }
+}
+
 // Runs the operation's conversion and says what came of it.
 int runOperation(const Operation& op, std::vector<std::string> args, bool silent) {
+    if (auto error = takeLandXmlNames(op, args)) return usageError(*error);
     if (auto error = argumentError(op, args)) return usageError(*error);
+    if (readsLandXml(op)) warnOfUnits(op, args);
     const quelcnv::Conversion* conversion = quelcnv::findConversion(op.name);
     if (conversion == nullptr) return unknownOperation(std::string(op.name));
     std::vector<std::string> given = args;
@@ -171,6 +213,10 @@ int run(std::vector<std::string> words) {
     std::string name = words[i++];
     std::vector<std::string> args(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
     if (name == "lote") return quelcnv::cli::runBatch(args);
+    if (name == "contenido") {
+        if (args.size() != 1) return usageError("contenido necesita un fichero LandXML");
+        return quelcnv::cli::showContents(args[0]);
+    }
     if (name == "lista")
         return args.empty() ? listOperations() : usageError("lista no lleva argumentos");
     if (name == "ayuda") {

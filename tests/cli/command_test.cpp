@@ -218,6 +218,56 @@ TEST_F(CommandTest, BatchConvertsEveryFileAndListsTheFailures) {
     EXPECT_TRUE(std::filesystem::exists(file("ejes/eje.nev")));
 }
 
+// The LandXML conversions as a user types them: the alignment by name, the
+// surface as the list shows it; the contents without converting; a warning
+// on feet that changes nothing.
+TEST_F(CommandTest, LandXmlByNameContentsAndUnits) {
+    const std::string doc = test::testData("landxml/alignments.xml").string();
+    ASSERT_EQ(run({"--silencio", "alandxml2nevoWCE", "1", doc, file("indice.ruxo"), dir_.string()})
+                  .status,
+              0);
+    EXPECT_EQ(
+        run({"--silencio", "alandxml2nevoWCE", "Curvas", doc, file("nombre.ruxo"), dir_.string()})
+            .status,
+        0);
+    EXPECT_EQ(test::readBytes(file("nombre.ruxo")), test::readBytes(file("indice.ruxo")));
+    CommandRun unknown = run({"alandxml2nevoWCE", "Nadie", doc, file("nadie.ruxo"), dir_.string()});
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_NE(unknown.err.find("ningun eje llamado \"Nadie\""), std::string::npos);
+
+    const std::string sections = test::testData("landxml/sections.xml").string();
+    ASSERT_EQ(run({"--silencio", "tralandxml2nevo", "Eje A", "Rasante", sections, file("dos.nev")})
+                  .status,
+              0);
+    EXPECT_EQ(
+        run({"--silencio", "tralandxml2nevo", "Eje A: Rasante", sections, file("una.nev")}).status,
+        0);
+    EXPECT_EQ(test::readBytes(file("una.nev")), test::readBytes(file("dos.nev")));
+
+    CommandRun contents = run({"contenido", sections});
+    EXPECT_EQ(contents.status, 0);
+    EXPECT_EQ(contents.out,
+              "Ejes (3):\n  0  Eje A\n  1  Eje B\n  2  Eje A\nRasantes (0):\n"
+              "Superficies de transversales (3):\n  Eje A: Terreno\n  Eje A: Rasante\n  Eje B: "
+              "Terreno\n");
+    EXPECT_EQ(run({"contenido", file("no-existe.xml")}).status, 3);
+
+    std::string feet = test::readBytes(doc);
+    std::size_t metric = feet.find("<Metric");
+    ASSERT_NE(metric, std::string::npos);
+    feet.insert(metric, "<Imperial linearUnit=\"USSurveyFoot\"/>");
+    feet.erase(feet.find("<Metric"),
+               feet.find('>', feet.find("<Metric")) - feet.find("<Metric") + 1);
+    test::writeBytes(file("pies.xml"), feet);
+    CommandRun warned = run({"--silencio", "alandxml2nevoWCE", "1", file("pies.xml"),
+                             file("pies.ruxo"), dir_.string()});
+    EXPECT_EQ(warned.status, 0);
+    EXPECT_NE(warned.err.find("aviso: el documento declara la unidad lineal USSurveyFoot"),
+              std::string::npos)
+        << warned.err;
+    EXPECT_EQ(test::readBytes(file("pies.ruxo")), test::readBytes(file("indice.ruxo")));
+}
+
 TEST_F(CommandTest, ReverseStringPrintsItsBufferAndUsesTheScratchOption) {
     CommandRun sample = run({"--crlf", "--scratch", file("elsewhere"), "ReverseString", "abc"});
     EXPECT_EQ(sample.status, 0);
