@@ -46,7 +46,11 @@ private:
 std::vector<std::string> linesOf(const std::string& path) {
     std::vector<std::string> lines;
     std::ifstream in(path, std::ios::binary);
-    for (std::string line; std::getline(in, line);) lines.push_back(line);
+    for (std::string line; std::getline(in, line);) {
+        if (line.ends_with('\r'))
+            line.pop_back();  // the lists end their lines as the platform does
+        lines.push_back(line);
+    }
     return lines;
 }
 
