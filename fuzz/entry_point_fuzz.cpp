@@ -32,10 +32,12 @@ struct Folder {
         output = (root / "salida").string();
         host = (root / "host").string();
         ::setenv("QUELCNV_SCRATCH", (root / "scratch").c_str(), 1);
-        std::atexit([] {
-            std::error_code ignored;
-            fs::remove_all(folder().root, ignored);
-        });
+    }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+    ~Folder() {
+        std::error_code ignored;
+        fs::remove_all(root, ignored);
     }
     static const Folder& folder() {
         static const Folder made;
