@@ -1,7 +1,6 @@
 // What the field-data conversions do beyond the cases of
-// tests/data/fielddata/cases.txt: their pure functions, arguments the host
-// may pass (NULL, paths its buffers cannot hold, folders), and numbers the C
-// runtime prints in its own way.
+// tests/data/fielddata/cases.txt: their pure functions, the LEA code file,
+// and numbers the C runtime prints in its own way.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -81,43 +80,6 @@ TEST_F(FieldDataTest, SlopeDistanceAtZeroAndTwoHundredGrads) {
                                  test::cStrtod(vertical), distance)))
             << vertical;
     }
-}
-
-int QUELCNV_CALL levelBook(const char* entrada, const char* salida) {
-    return MyDll_anivel2ing(entrada, salida, "a", "b", "c", "d", "e");
-}
-
-// NULL paths, paths longer than 255 characters and folders as outputs give 0
-// and write nothing; the same input then converts.
-TEST_F(FieldDataTest, UnusablePathsConvertNothing) {
-    using Convert = int(QUELCNV_CALL*)(const char*, const char*);
-    const std::pair<Convert, const char*> entries[] = {
-        {levelBook, "fielddata/level_book/readings.txt"},
-        {MyDll_puntos2nevo, "fielddata/points/list.txt"},
-        {MyDll_puntos2nivel, "fielddata/points/list.txt"},
-        {MyDll_topoLea2Medrix, "fielddata/medrix/survey.lea"},
-        {MyDll_lectnevo2medrix, "fielddata/medrix/list.nevo"},
-        {MyDll_procesaCabecera, "fielddata/robotic/readings.txt"},
-    };
-    const std::string out = file("salida.txt"), tooLong(256, 'x');
-    for (auto [convert, input] : entries) {
-        const std::string in = data(input);
-        EXPECT_EQ(convert(nullptr, out.c_str()), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), nullptr), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), tooLong.c_str()), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), dir_.string().c_str()), 0) << input;
-        EXPECT_FALSE(fs::exists(out)) << input;
-        EXPECT_EQ(convert(in.c_str(), out.c_str()), 1) << input;
-        fs::remove(out);
-    }
-    // Every header text of the level book must be there.
-    const std::string in = data("fielddata/level_book/readings.txt");
-    for (int missing = 0; missing < 5; ++missing) {
-        const char* t[5] = {"a", "b", "c", "d", "e"};
-        t[missing] = nullptr;
-        EXPECT_EQ(MyDll_anivel2ing(in.c_str(), out.c_str(), t[0], t[1], t[2], t[3], t[4]), 0);
-    }
-    EXPECT_FALSE(fs::exists(out));
 }
 
 // A LEA survey without observations writes no code file either; a code file

@@ -1,9 +1,10 @@
 // Every entry point against what a hostile or broken file system hands it:
 // empty files, garbage, a line of 10 MB, numbers and counts past every
-// limit, XML bombs, special files, outputs that cannot be written. Each run
-// is a child process with a time limit. Every run must give one of the
-// entry point's documented results; a run that says it failed leaves no
-// output; an output left is the whole output.
+// limit, special files, outputs that cannot be written. Each run is a child
+// process with a time limit. (Documents built against the XML parser, bombs
+// and external entities, are in tests/landxml/landxml_readers_test.cpp.) Every run must give one of
+// the entry point's documented results; a run that says it failed leaves no output; an output left
+// is the whole output.
 #include <gtest/gtest.h>
 
 #include <sys/mount.h>
@@ -57,8 +58,8 @@ std::string replaceNumbers(std::string_view text, const std::string& by, bool wh
     return head + std::regex_replace(body, wholeOnly ? whole : number, "$1" + by);
 }
 
-// A file made from the sample input; nullopt where the case does not apply.
-using Maker = std::function<std::optional<std::string>(const std::string& sample, bool xml)>;
+// A file made from the sample input.
+using Maker = std::function<std::string(const std::string& sample)>;
 
 struct ContentCase {
     std::string name;
@@ -80,61 +81,27 @@ std::string repeated(std::string_view piece, std::size_t bytes) {
     return text;
 }
 
-std::optional<std::string> onlyXml(bool xml, std::string text) {
-    return xml ? std::optional<std::string>(std::move(text)) : std::nullopt;
-}
-
 const std::vector<ContentCase>& contentCases() {
     static const std::vector<ContentCase> cases = {
-        {"vacio", [](auto&, bool) { return std::string(); }, "0"},
-        {"basura binaria", [](auto&, bool) { return garbage(); }, "0"},
-        {"una linea de 10 MB", [](auto&, bool) { return repeated("12345.678 ", 10 << 20); }, "0"},
-        {"solo separadores", [](auto&, bool) { return repeated(" ,\t;\r\n", 16 * 1024); }, "0"},
+        {"vacio", [](auto&) { return std::string(); }, "0"},
+        {"basura binaria", [](auto&) { return garbage(); }, "0"},
+        {"una linea de 10 MB", [](auto&) { return repeated("12345.678 ", 10 << 20); }, "0"},
+        {"solo separadores", [](auto&) { return repeated(" ,\t;\r\n", 16 * 1024); }, "0"},
         {"NUL dentro de las lineas",
-         [](const std::string& s, bool) {
+         [](const std::string& s) {
              return withEveryLine(
                  s, [](std::string line) { return line.insert(line.size() / 2, 1, '\0'); });
          },
          "0"},
-        {"1e400", [](auto& s, bool) { return replaceNumbers(s, "1e400", false); }, "0"},
-        {"-1e400", [](auto& s, bool) { return replaceNumbers(s, "-1e400", false); }, "0"},
+        {"1e400", [](auto& s) { return replaceNumbers(s, "1e400", false); }, "0"},
+        {"-1e400", [](auto& s) { return replaceNumbers(s, "-1e400", false); }, "0"},
         {"99999999999999999999",
-         [](auto& s, bool) { return replaceNumbers(s, "99999999999999999999", false); }, "0"},
-        {"cuentas de 2^31-1", [](auto& s, bool) { return replaceNumbers(s, "2147483647", true); },
+         [](auto& s) { return replaceNumbers(s, "99999999999999999999", false); }, "0"},
+        {"cuentas de 2^31-1", [](auto& s) { return replaceNumbers(s, "2147483647", true); },
          "2147483647"},
-        {"cuentas negativas", [](auto& s, bool) { return replaceNumbers(s, "-1", true); }, "-1"},
-        {"cuentas de -2^31", [](auto& s, bool) { return replaceNumbers(s, "-2147483648", true); },
+        {"cuentas negativas", [](auto& s) { return replaceNumbers(s, "-1", true); }, "-1"},
+        {"cuentas de -2^31", [](auto& s) { return replaceNumbers(s, "-2147483648", true); },
          "-2147483648"},
-        {"bomba de entidades XML",
-         [](auto&, bool xml) {
-             std::string doc =
-                 "<?xml version=\"1.0\"?>\n<!DOCTYPE LandXML [\n<!ENTITY a0 \"ja\">\n";
-             for (int i = 1; i < 12; ++i) {
-                 doc += "<!ENTITY a" + std::to_string(i) + " \"";
-                 for (int j = 0; j < 10; ++j) doc += "&a" + std::to_string(i - 1) + ";";
-                 doc += "\">\n";
-             }
-             doc +=
-                 "]>\n<LandXML><Alignments><Alignment name=\"&a11;\"/></Alignments>"
-                 "<Profile><ProfAlign name=\"&a11;\"/></Profile></LandXML>\n";
-             return onlyXml(xml, doc);
-         },
-         "0"},
-        {"entidad externa",
-         [](auto&, bool xml) {
-             return onlyXml(xml,
-                            "<?xml version=\"1.0\"?>\n<!DOCTYPE LandXML [\n"
-                            "<!ENTITY secreto SYSTEM \"file:///etc/passwd\">\n"
-                            "<!ENTITY % remoto SYSTEM \"http://192.0.2.1/x.dtd\"> %remoto;\n]>\n"
-                            "<LandXML><Alignments><Alignment name=\"&secreto;\"/>"
-                            "</Alignments></LandXML>\n");
-         },
-         "0"},
-        {"anidado 100000 veces",
-         [](auto&, bool xml) {
-             return onlyXml(xml, "<?xml version=\"1.0\"?>\n" + repeated("<Alignment>", 1100000));
-         },
-         "0"},
     };
     return cases;
 }
@@ -146,11 +113,6 @@ protected:
     DocumentedResults documented() const {
         return documentedResults(findConversion(op().name)->result);
     }
-    bool readsXml() const {
-        return op().name.starts_with("selecciona") || op().name.find("landxml2") == 1 ||
-               op().name.find("landxml2") == 2;
-    }
-
     // The arguments of a run: the sample's, with the input and the output
     // (and selec) replaced where given.
     std::vector<std::string> arguments(const std::optional<std::string>& input,
@@ -213,14 +175,9 @@ protected:
 TEST_P(HostileInputsTest, BadContentGetsADocumentedResultInTime) {
     std::string sample = sampleInput();
     for (const ContentCase& c : contentCases()) {
-        std::optional<std::string> bytes = c.make(sample, readsXml());
-        if (!bytes) continue;
-        test::writeBytes(file("hostil"), *bytes);
+        test::writeBytes(file("hostil"), c.make(sample));
         std::string output = file("salida");
         check(c.name, arguments(file("hostil"), output, c.selec), output);
-        if (readsXml() && fs::exists(output)) {
-            EXPECT_EQ(test::readBytes(output).find("root:"), std::string::npos) << c.name;
-        }
     }
 }
 
@@ -259,6 +216,9 @@ TEST_P(HostileInputsTest, UnwritableOutputsNeverPassForDone) {
     std::string missing = file("no-existe/salida");
     check("carpeta que no existe", arguments(std::nullopt, missing), missing);
     EXPECT_FALSE(fs::exists(file("no-existe")));
+    fs::create_directory(file("carpeta"));
+    check("una carpeta como salida", arguments(std::nullopt, file("carpeta")), file("carpeta"));
+    EXPECT_TRUE(fs::is_empty(file("carpeta")));
 
     std::optional<int> full = check("/dev/full", arguments(std::nullopt, "/dev/full"), "/dev/full");
     // Where the result stands for the written output; a chain that returns

@@ -1,11 +1,10 @@
 // What the profile and superelevation conversions do beyond the cases of
-// tests/data/profile/cases.txt: the grade rule, an infinite kv as the C
-// runtime prints it, and arguments the host may pass (NULL, paths its
-// buffers cannot hold, folders).
+// tests/data/profile/cases.txt: the grade rule and an infinite kv as the C
+// runtime prints it. Arguments the host may pass (NULL, paths its buffers
+// cannot hold, folders) are in tests/frame/hostile_inputs_test.cpp.
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <filesystem>
 
 #include "profile/profile_vertex.h"
 #include "quelcnv.h"
@@ -13,8 +12,6 @@
 
 namespace quelcnv {
 namespace {
-
-namespace fs = std::filesystem;
 
 ProfileVertex at(double station, double elevation) {
     ProfileVertex vertex;
@@ -66,34 +63,6 @@ TEST_F(ProfileTest, StraightThroughARuxoVertexGivesAnInfiniteKv) {
     expected += test::cPrintf("%0.3lf", HUGE_VAL);
     expected += "\t40.000\t0.000\n200.000\t104.000\t0.000\t0.000\t0.000\n";
     EXPECT_EQ(test::readBytes(file("eje.tab")), test::withPlatformNewlines(expected));
-}
-
-// NULL paths, paths longer than 255 characters, folders and outputs in a
-// folder that does not exist give 0 and write nothing; the same input then
-// converts.
-TEST_F(ProfileTest, UnusablePathsConvertNothing) {
-    using Convert = int(QUELCNV_CALL*)(const char*, const char*);
-    const std::pair<Convert, const char*> entries[] = {
-        {MyDll_rvelm2nevo, "worked/eje.velm"},
-        {MyDll_rasruxo2nevo, "worked/eje.ruxo"},
-        {MyDll_ristram2nevo, "worked/eje.istram"},
-        {MyDll_rispol2nevo, "worked/eje.ispol"},
-        {MyDll_rascartomap2ruxo, "worked/eje.cartomap"},
-        {MyDll_peralteispol2nevo, "superelevation/peralte.ispol"},
-        {MyDll_peralteClip2nevo, "superelevation/peralte.clip"},
-    };
-    const std::string out = file("out.txt"), tooLong(300, 'x');
-    for (auto [convert, input] : entries) {
-        const std::string in = test::testData("profile/").string() + input;
-        EXPECT_EQ(convert(in.c_str(), file("none/out.txt").c_str()), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), dir_.string().c_str()), 0) << input;
-        EXPECT_EQ(convert(nullptr, out.c_str()), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), nullptr), 0) << input;
-        EXPECT_EQ(convert(in.c_str(), tooLong.c_str()), 0) << input;
-        EXPECT_FALSE(fs::exists(out)) << input;
-        EXPECT_EQ(convert(in.c_str(), out.c_str()), 1) << input;
-        fs::remove(out);
-    }
 }
 
 }  // namespace
