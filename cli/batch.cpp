@@ -177,6 +177,8 @@ void convertInProcesses(const Batch& batch, std::vector<Done>& results, Progress
             FILE* out = fdopen(ends[1], "w");
             for (std::size_t i = std::size_t(k); i < batch.inputs.size(); i += batch.processes) {
                 Done done = convertFile(batch, i, repeated);
+                // One line per file: a line break in a file name stays out of it.
+                std::replace(done.message.begin(), done.message.end(), '\n', ' ');
                 std::fprintf(out, "%zu\t%d\t%s\n", done.index, done.status, done.message.c_str());
                 std::fflush(out);
             }
