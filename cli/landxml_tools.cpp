@@ -1,12 +1,11 @@
 #include "cli/landxml_tools.h"
 
 #include <cstdio>
-#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <random>
 
 #include "cli/report.h"
+#include "cli/temp_folder.h"
 #include "landxml/alignment_reader.h"
 #include "landxml/cross_section_reader.h"
 #include "landxml/profile_reader.h"
@@ -15,33 +14,6 @@
 namespace quelcnv::cli {
 
 namespace {
-
-namespace fs = std::filesystem;
-
-// A private folder for the lists, removed with it.
-class ListFolder {
-public:
-    ListFolder() {
-        std::error_code error;
-        fs::path base = fs::temp_directory_path(error);
-        for (int attempt = 0; attempt < 100 && folder_.empty(); ++attempt) {
-            fs::path candidate = base / ("quelcnv-contenido-" + std::to_string(random()));
-            if (fs::create_directory(candidate, error)) folder_ = candidate;
-        }
-    }
-    ~ListFolder() {
-        std::error_code ignored;
-        if (!folder_.empty()) fs::remove_all(folder_, ignored);
-    }
-    ListFolder(const ListFolder&) = delete;
-    ListFolder& operator=(const ListFolder&) = delete;
-    std::string file(const char* name) const { return (folder_ / name).string(); }
-    bool ready() const { return !folder_.empty(); }
-
-private:
-    std::random_device random;
-    fs::path folder_;
-};
 
 std::vector<std::string> linesOf(const std::string& path) {
     std::vector<std::string> lines;
@@ -78,7 +50,7 @@ void printNames(const char* title, const std::vector<std::string>& names, bool n
 }  // namespace
 
 std::optional<LandXmlContents> readContents(const std::string& path) {
-    ListFolder lists;
+    TempFolder lists("contenido");
     if (!lists.ready()) return std::nullopt;
     Outcome read = listLandXmlAlignments(path, lists.file("ejes"));
     if (read.failure == Failure::inputUnreadable || read.failure == Failure::readerUnavailable)
@@ -98,10 +70,7 @@ int showContents(const std::string& path) {
     printNames("Ejes", contents->alignments, true);
     printNames("Rasantes", contents->profiles, false);
     printNames("Superficies de transversales", contents->surfaces, false);
-    if (auto unit = nonMetricUnit(path)) {
-        std::cerr << "quelcnv: aviso: el documento declara la unidad lineal " << *unit
-                  << "; las coordenadas se toman tal cual, como metros\n";
-    }
+    warnOfNonMetricUnit(path);
     return exits::exitDone;
 }
 
@@ -118,6 +87,13 @@ std::optional<std::string> nonMetricUnit(const std::string& path) {
     runSaxParse(units, path);
     if (units.unit.empty() || units.unit == "meter" || units.unit == "metre") return std::nullopt;
     return units.unit;
+}
+
+void warnOfNonMetricUnit(const std::string& path) {
+    if (auto unit = nonMetricUnit(path)) {
+        std::cerr << "quelcnv: aviso: el documento declara la unidad lineal " << *unit
+                  << "; las coordenadas se toman tal cual, como metros\n";
+    }
 }
 
 }  // namespace quelcnv::cli

@@ -28,4 +28,8 @@ std::optional<int> alignmentIndex(const std::string& path, const std::string& na
 // "USSurveyFoot", ...); nothing for metres or no declaration.
 std::optional<std::string> nonMetricUnit(const std::string& path);
 
+// Says on standard error that the document's coordinates are taken as
+// metres when it declares another unit.
+void warnOfNonMetricUnit(const std::string& path);
+
 }  // namespace quelcnv::cli

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cli/batch.h"
+#include "cli/drawing.h"
 #include "cli/landxml_tools.h"
 #include "cli/operations.h"
 #include "cli/report.h"
@@ -25,6 +26,8 @@ const char usageText[] =
     "Uso: quelcnv [--crlf] [--silencio] [--scratch CARPETA] OPERACION ARGUMENTO...\n"
     "     quelcnv lote OPERACION --salida CARPETA [-j N] [--con NOMBRE=VALOR]... ENTRADA...\n"
     "     quelcnv contenido FICHERO.xml\n"
+    "     quelcnv dibujo ENTRADA SALIDA.svg [--eje NOMBRE|N | --rasante NOMBRE |\n"
+    "                    --transversales \"EJE: SUPERFICIE\"]\n"
     "     quelcnv lista\n"
     "     quelcnv ayuda OPERACION\n"
     "     quelcnv --help | --version\n";
@@ -161,10 +164,7 @@ void warnOfUnits(const Operation& op, const std::vector<std::string>& args) {
     auto names = op.argumentNames();
     for (std::size_t i = 0; i < names.size() && i < args.size(); ++i) {
         if (names[i] != "entrada") continue;
-        if (auto unit = quelcnv::cli::nonMetricUnit(args[i])) {
-            std::cerr << "quelcnv: aviso: el documento declara la unidad lineal " << *unit
-                      << "; las coordenadas se toman tal cual, como metros\n";
-        }
+        quelcnv::cli::warnOfNonMetricUnit(args[i]);
     }
 }
 
@@ -213,6 +213,7 @@ int run(std::vector<std::string> words) {
     std::string name = words[i++];
     std::vector<std::string> args(words.begin() + static_cast<std::ptrdiff_t>(i), words.end());
     if (name == "lote") return quelcnv::cli::runBatch(args);
+    if (name == "dibujo") return quelcnv::cli::runDrawing(args);
     if (name == "contenido") {
         if (args.size() != 1) return usageError("contenido necesita un fichero LandXML");
         return quelcnv::cli::showContents(args[0]);

@@ -29,7 +29,8 @@ _quelcnv() {
             ;;
     esac
 
-    # The first word that is not an option: the operation, or lista, ayuda, lote.
+    # The first word that is not an option: the operation, or lista, ayuda,
+    # lote, contenido, dibujo.
     words_before=""
     for ((i = 1; i < COMP_CWORD; i++)); do
         case "${COMP_WORDS[i]}" in
@@ -43,7 +44,7 @@ _quelcnv() {
         if [[ "$cur" == -* ]]; then
             mapfile -t COMPREPLY < <(compgen -W "--crlf --silencio --scratch --help --version" -- "$cur")
         else
-            mapfile -t COMPREPLY < <(compgen -W "lista ayuda lote $(_quelcnv_operations "$command")" -- "$cur")
+            mapfile -t COMPREPLY < <(compgen -W "lista ayuda lote contenido dibujo $(_quelcnv_operations "$command")" -- "$cur")
         fi
         return
     fi
@@ -61,6 +62,12 @@ _quelcnv() {
             fi
             if [[ "$cur" == -* ]]; then
                 mapfile -t COMPREPLY < <(compgen -W "--salida -j --con" -- "$cur")
+                return
+            fi
+            ;;
+        dibujo)
+            if [[ "$cur" == -* ]]; then
+                mapfile -t COMPREPLY < <(compgen -W "--eje --rasante --transversales" -- "$cur")
                 return
             fi
             ;;

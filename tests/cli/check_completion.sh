@@ -25,6 +25,8 @@ expect() {  # expect CANDIDATE WORD...
 expect aistram2nevo aist
 expect aistram2LandXML aistram2L
 expect lote lo
+expect dibujo dib
+expect --transversales dibujo eje.xml --tra
 expect --silencio --sil
 expect ruxo2nevo ayuda ruxo2n
 expect ruxo2nevo lote ruxo2n

@@ -268,6 +268,42 @@ TEST_F(CommandTest, LandXmlByNameContentsAndUnits) {
     EXPECT_EQ(test::readBytes(file("pies.ruxo")), test::readBytes(file("indice.ruxo")));
 }
 
+TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
+    struct Case {
+        std::vector<std::string> words;
+        int status;
+        std::string says;
+    };
+    const std::string samples = QUELCNV_SAMPLES, svg = file("dibujo.svg");
+    const std::string obra = samples + "/landxml/obra.xml";
+    test::writeBytes(file("texto.txt"), "hola\nmundo\n");
+    const Case cases[] = {
+        {{"dibujo", samples + "/alignment/eje.ruxo", svg}, 0, "eje en planta, 5 elementos"},
+        {{"dibujo", obra, svg}, 0, "eje en planta, 9 elementos"},
+        {{"dibujo", obra, svg, "--eje", "Eje 2"}, 0, "eje en planta, 4 elementos"},
+        {{"dibujo", obra, svg, "--rasante", "Eje 1: Rasante 1"}, 0, "rasante, 4 vertices"},
+        {{"dibujo", "--transversales", "Eje 1: Terreno", obra, svg}, 0, "2 secciones"},
+        {{"dibujo", samples + "/profile/rasante.velm", svg}, 0, "rasante, 4 vertices"},
+        {{"dibujo", obra, svg, "--eje", "Nadie"}, 1, "no tiene el eje \"Nadie\""},
+        {{"dibujo", obra, svg, "--rasante", "Eje 1: Nada"}, 1, "no tiene la rasante"},
+        {{"dibujo", file("texto.txt"), svg}, 1, "nada que dibujar"},
+        {{"dibujo", samples + "/alignment/eje.ruxo", svg, "--eje", "1"},
+         1,
+         "solo valen para LandXML"},
+        {{"dibujo", file("falta.txt"), svg}, 3, "no se puede abrir"},
+        {{"dibujo", samples + "/alignment/eje.ruxo"}, 2, "Uso: quelcnv dibujo"},
+        {{"dibujo", obra, svg, "--eje", "0", "--rasante", "x"}, 2, "no van juntas"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.words[1]);
+        std::filesystem::remove(svg);
+        CommandRun drawing = run(c.words);
+        EXPECT_EQ(drawing.status, c.status);
+        EXPECT_NE(drawing.err.find(c.says), std::string::npos) << drawing.err;
+        EXPECT_EQ(std::filesystem::exists(svg), c.status == 0);
+    }
+}
+
 TEST_F(CommandTest, ReverseStringPrintsItsBufferAndUsesTheScratchOption) {
     CommandRun sample = run({"--crlf", "--scratch", file("elsewhere"), "ReverseString", "abc"});
     EXPECT_EQ(sample.status, 0);
