@@ -104,14 +104,19 @@ DrawingSource drawingOf(DrawingContent content) {
     return {std::move(content), false, std::string()};
 }
 
+DrawingContent contentOf(DrawingKind kind, std::string file, std::string name) {
+    DrawingContent content;
+    content.kind = kind;
+    content.file = std::move(file);
+    content.name = std::move(name);
+    return content;
+}
+
 DrawingSource planOf(std::vector<NamedAlignment> alignments, std::string file,
                      std::string name = "") {
     std::erase_if(alignments, [](const NamedAlignment& a) { return a.elements.empty(); });
     if (alignments.empty()) return nothing("no hay ningun elemento de eje que dibujar");
-    DrawingContent content;
-    content.kind = DrawingKind::plan;
-    content.file = std::move(file);
-    content.name = std::move(name);
+    DrawingContent content = contentOf(DrawingKind::plan, std::move(file), std::move(name));
     content.alignments = std::move(alignments);
     return drawingOf(std::move(content));
 }
@@ -121,10 +126,7 @@ DrawingSource profileOf(Profile vertices, std::string file, std::string name = "
         return !std::isfinite(v.station) || !std::isfinite(v.elevation);
     });
     if (vertices.size() < 2) return nothing("la rasante no tiene al menos dos vertices");
-    DrawingContent content;
-    content.kind = DrawingKind::profile;
-    content.file = std::move(file);
-    content.name = std::move(name);
+    DrawingContent content = contentOf(DrawingKind::profile, std::move(file), std::move(name));
     content.profile = std::move(vertices);
     return drawingOf(std::move(content));
 }
@@ -138,10 +140,7 @@ DrawingSource sectionsOf(bool comma, const std::string& path, std::string file,
     };
     comma ? readCommaSections(path, keep) : readRuxoSections(path, keep);
     if (points.empty()) return nothing("no hay ningun punto de transversal");
-    DrawingContent content;
-    content.kind = DrawingKind::sections;
-    content.file = std::move(file);
-    content.name = std::move(name);
+    DrawingContent content = contentOf(DrawingKind::sections, std::move(file), std::move(name));
     content.sections = groupSections(points);
     return drawingOf(std::move(content));
 }

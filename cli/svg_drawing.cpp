@@ -1,14 +1,13 @@
 #include "cli/svg_drawing.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <limits>
 #include <utility>
 
-#include "common/code_page.h"
 #include "common/output_file.h"
+#include "common/text_format.h"
+#include "landxml/xml_writer.h"
 
 namespace quelcnv::cli {
 
@@ -22,36 +21,18 @@ constexpr double planHeight = 700.0;
 constexpr double profileHeight = 320.0;
 constexpr std::size_t maxPanels = 300;
 
+// A number with fixed decimals, as the library prints them whatever the
+// locale; never "-0.000".
 std::string num(double value, int decimals = 3) {
-    if (!std::isfinite(value)) value = 0.0;
-    std::array<char, 64> buffer;
-    auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
-                                      std::chars_format::fixed, decimals);
-    std::string text(buffer.data(), error == std::errc() ? end : buffer.data());
+    std::string text = formatFixed(std::isfinite(value) ? value : 0.0, decimals);
     if (text.starts_with('-') && text.find_first_not_of("-0.") == std::string::npos)
-        text.erase(0, 1);  // no "-0.000"
+        text.erase(0, 1);
     return text;
 }
 
-std::string escaped(const std::u32string& characters) {
-    std::string out;
-    for (char32_t c : characters) {
-        if (c == '&')
-            out += "&amp;";
-        else if (c == '<')
-            out += "&lt;";
-        else if (c == '>')
-            out += "&gt;";
-        else if (c == '"')
-            out += "&quot;";
-        else if (c < 0x20 || (c >= 0xD800 && c < 0xE000) || c == 0xFFFE || c == 0xFFFF)
-            out += '?';
-        else if (c < 0x80)
-            out += static_cast<char>(c);
-        else
-            out += "&#" + std::to_string(static_cast<unsigned long>(c)) + ";";
-    }
-    return out;
+// A name or a file name as SVG text or attribute value.
+std::string escaped(std::string_view text, TextSource source = TextSource::codePage) {
+    return escapedXml(text, source, true);
 }
 
 // 1, 2 or 5 times a power of ten, the largest not above value.
@@ -193,8 +174,8 @@ public:
             num(pageWidth, 0) + "\" height=\"" + num(height, 0) + "\" viewBox=\"0 0 " +
             num(pageWidth, 0) + " " + num(height, 0) +
             "\" font-family=\"DejaVu Sans, Arial, sans-serif\">\n";
-        std::string title = escaped(fileNameCharacters(content.file));
-        if (!content.name.empty()) title += " - " + escaped(codePageCharacters(content.name));
+        std::string title = escaped(content.file, TextSource::fileName);
+        if (!content.name.empty()) title += " - " + escaped(content.name);
         head += "<title>" + subject + ": " + title + "</title>\n";
         head += "<rect width=\"100%\" height=\"100%\" fill=\"white\"/>\n";
         head += "<text x=\"60\" y=\"30\" font-size=\"18\" font-weight=\"bold\">" + subject +
@@ -280,8 +261,8 @@ std::string planSvg(const DrawingContent& content) {
     Mapping m = fit(box, top, planHeight);
     for (std::size_t a = 0; a < content.alignments.size(); ++a) {
         const NamedAlignment& alignment = content.alignments[a];
-        page.body += "<g class=\"eje\" data-nombre=\"" +
-                     escaped(codePageCharacters(alignment.name)) + "\" " + m.group() + ">\n";
+        page.body +=
+            "<g class=\"eje\" data-nombre=\"" + escaped(alignment.name) + "\" " + m.group() + ">\n";
         for (std::size_t i = 0; i < alignment.elements.size(); ++i) {
             const PlanElement& e = alignment.elements[i];
             page.polyline(m, samples[a][i],
@@ -294,8 +275,7 @@ std::string planSvg(const DrawingContent& content) {
         page.body += "</g>\n" + labels.body;
         if (!alignment.name.empty()) {
             PlanePoint start = alignment.elements.front().start;
-            page.text(m.x(start.x) + 6, m.y(start.y) - 6,
-                      escaped(codePageCharacters(alignment.name)),
+            page.text(m.x(start.x) + 6, m.y(start.y) - 6, escaped(alignment.name),
                       R"( font-size="13" font-weight="bold")");
         }
     }
@@ -323,6 +303,12 @@ struct ProfilePieces {
 
 ProfilePieces profilePieces(const Profile& v) {
     ProfilePieces pieces;
+    // A point a metre, or fewer when the curves run over 200 km in all (a
+    // file of nonsense tangents).
+    double curves = 0.0;
+    for (const ProfileVertex& vertex : v)
+        if (vertex.tangent > 0.0) curves += std::min(2.0 * vertex.tangent, 1e9);
+    double spacing = std::max(1.0, curves / 200000.0);
     PlanePoint at{v.front().station, v.front().elevation};
     for (std::size_t i = 1; i + 1 < v.size(); ++i) {
         double t = v[i].tangent;
@@ -335,7 +321,7 @@ ProfilePieces profilePieces(const Profile& v) {
         }
         PlanePoint begin{v[i].station - t, v[i].elevation - g1 * t};
         pieces.grades.push_back({at, begin});
-        int steps = std::clamp(static_cast<int>(std::ceil(2.0 * t)), 16, 2000);
+        int steps = static_cast<int>(std::clamp(std::ceil(2.0 * t / spacing), 16.0, 2000.0));
         auto& curve = pieces.curves.emplace_back();
         for (int k = 0; k <= steps; ++k) {
             double d = 2.0 * t * k / steps;

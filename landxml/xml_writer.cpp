@@ -18,9 +18,9 @@ bool isForbidden(char32_t c) {
            (c >= 0xD800 && c <= 0xDFFF);
 }
 
-// The text escaped: the markup characters (and the quote in attribute
-// values) as entity references, everything outside ASCII as a numeric one.
-std::string escaped(std::string_view text, TextSource source, bool inAttribute) {
+}  // namespace
+
+std::string escapedXml(std::string_view text, TextSource source, bool inAttribute) {
     auto plain = [](char c) {  // ASCII that stands for itself in text and in values
         return (c >= 0x20 && c < 0x7F && c != '&' && c != '<' && c != '>' && c != '"') ||
                c == '\t' || c == '\n' || c == '\r';
@@ -49,10 +49,8 @@ std::string escaped(std::string_view text, TextSource source, bool inAttribute) 
     return out;
 }
 
-}  // namespace
-
 void XmlWriter::addTextAttribute(std::string_view name, std::string_view value, TextSource source) {
-    attributes_.emplace_back(std::string(name), escaped(value, source, true));
+    attributes_.emplace_back(std::string(name), escapedXml(value, source, true));
 }
 
 void XmlWriter::addNumberAttribute(std::string_view name, double value, int decimals) {
@@ -88,7 +86,7 @@ void XmlWriter::writeEndElement(std::string_view name) {
 void XmlWriter::writeText(std::string_view text) {
     if (text.empty()) return;
     closeStartTag();
-    pending_ += escaped(text, TextSource::codePage, false);
+    pending_ += escapedXml(text, TextSource::codePage, false);
 }
 
 void XmlWriter::writeRaw(std::string_view text) {

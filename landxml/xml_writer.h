@@ -21,6 +21,11 @@ enum class TextSource {
     fileName,  // a file name, in the file system's encoding
 };
 
+// The text escaped for XML: the markup characters (and the quote in
+// attribute values) as entity references, everything outside ASCII as a
+// numeric one, and the characters XML forbids as "?".
+std::string escapedXml(std::string_view text, TextSource source, bool inAttribute);
+
 // Writes elements, attributes and text into an output file as it goes. The
 // attribute list is kept until cleared: every element start takes the list
 // as it stands.
