@@ -6,7 +6,7 @@ set -euo pipefail
 # shellcheck source=/dev/null
 source "$1"
 command="$2"
-complete -p quelcnv | grep -q -- '-F _quelcnv'
+complete -p quelcnv | grep -- '-F _quelcnv' >/dev/null
 
 completes() {  # completes WORD... : the candidates for the last word
     COMP_WORDS=("$command" "$@")
@@ -17,7 +17,7 @@ completes() {  # completes WORD... : the candidates for the last word
 expect() {  # expect CANDIDATE WORD...
     local wanted="$1"
     shift
-    if ! completes "$@" | grep -qx -- "$wanted"; then
+    if ! completes "$@" | grep -x -- "$wanted" >/dev/null; then
         echo "no completa '$*' con '$wanted'" >&2
         exit 1
     fi

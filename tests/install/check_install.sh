@@ -14,14 +14,14 @@ prefix="$work/prefijo"
 cmake --install "$build" --prefix "$prefix" >/dev/null
 library="$(find "$prefix" -name 'libquelcnv.so.*.*.*' | head -n 1)"
 test -n "$library" || { echo "no se ha instalado libquelcnv.so.X.Y.Z" >&2; exit 1; }
-objdump -p "$library" | grep -q 'SONAME *libquelcnv\.so\.0$'
+objdump -p "$library" | grep 'SONAME *libquelcnv\.so\.0$' >/dev/null
 test -L "$(dirname "$library")/libquelcnv.so.0"
 test -L "$(dirname "$library")/libquelcnv.so"
 test -f "$prefix/include/quelcnv.h"
 test -x "$prefix/bin/quelcnv"
 test -f "$prefix/share/man/man1/quelcnv.1"
 test -f "$prefix/share/bash-completion/completions/quelcnv"
-"$prefix/bin/quelcnv" --version | grep -q '^quelcnv '
+"$prefix/bin/quelcnv" --version | grep '^quelcnv ' >/dev/null
 # the man page is well-formed groff (warnings are errors)
 if command -v groff >/dev/null; then
     test -z "$(groff -man -Tutf8 -ww -z "$prefix/share/man/man1/quelcnv.1" 2>&1)"
