@@ -13,8 +13,8 @@
 namespace quelcnv {
 
 // Lines starting with "*": the intersection-point writer skips them as
-// comments; the element writer reads them as numbers, as its files have
-// always been made.
+// comments; the element writer, and the LandXML writer that reads as it
+// does, read them as numbers, as their files have always been made.
 enum class CommentLines { skipped, readAsNumbers };
 
 struct AlignmentFile {

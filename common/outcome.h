@@ -41,6 +41,10 @@ struct Outcome {
     // In a conversion chained through a scratch file: the failure is the
     // importer's (the first step), not the writer's.
     bool inImport = false;
+    // A reader had already refused its input by a rule of its own (the
+    // LandXML alignment reader's clothoid checks) when the reading stopped
+    // for the failure above: its result flag was cleared before the end.
+    bool refusedBefore = false;
     Written written;
 
     bool ok() const { return failure == Failure::none; }

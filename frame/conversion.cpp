@@ -62,9 +62,12 @@ int hostResult(HostResult rule, const Outcome& outcome) {
         case HostResult::doneOrFailed: return outcome.ok() ? 1 : 0;
         case HostResult::alwaysDone: return 1;
         case HostResult::importer: return outcome.ok() || !outcome.inImport ? 1 : 0;
+        // The reader's flag: a document it could not read to the end leaves
+        // the flag as the reading had left it.
         case HostResult::readerFlag:
-            if (outcome.failure == Failure::inputUnreadable ||
-                outcome.failure == Failure::malformed)
+            if ((outcome.failure == Failure::inputUnreadable ||
+                 outcome.failure == Failure::malformed) &&
+                !outcome.refusedBefore)
                 return 1;
             return outcome.ok() || !outcome.inImport ? 1 : 0;
         case HostResult::listWritten:

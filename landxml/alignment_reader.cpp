@@ -301,7 +301,9 @@ public:
 Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
                                const ErrorMessage& showMessage) {
     AlignmentReader reader(selec, ruxoPath, showMessage);
-    return readWith(reader, entrada);
+    Outcome read = readWith(reader, entrada);
+    read.refusedBefore = read.failure != Failure::rejected && !reader.outcome().ok();
+    return read;
 }
 
 Outcome listLandXmlAlignments(const std::string& entrada, const std::string& listPath) {

@@ -77,14 +77,17 @@ void writeCurve(XmlWriter& writer, const AlignmentRecord& r, const AlignmentReco
     writer.writeEndElement("Curve");
 }
 
-// A clothoid starts with the curvature of the element before it: after a
-// straight, or as the first element, it starts straight and ends at its own
-// radius; after anything else it starts at that element's radius and ends
-// straight. The curved end's radius gives the turning direction.
+// Which end of a clothoid is straight follows from the radius the key point
+// before it holds: none (the first element) or 0, and the clothoid starts
+// straight and ends at its own radius; any other, and it starts at that
+// radius and ends straight. An exit clothoid holds 0, so an entry clothoid
+// right after it, as in a reverse curve of two clothoids back to back,
+// starts straight. The curved end's radius gives the turning direction,
+// the angle and the tangents.
 void writeSpiral(XmlWriter& writer, const Records& records, std::size_t i) {
     const AlignmentRecord& r = records[i];
     const AlignmentRecord& next = records[i + 1];
-    bool startsStraight = i == 0 || records[i - 1].type == straightElement;
+    bool startsStraight = i == 0 || records[i - 1].radius == 0.0;
     double curvedRadius = startsStraight ? r.radius : records[i - 1].radius;
     ClothoidTangents tangents = clothoidTangents(r.length, r.parameter, curvedRadius);
     writer.clearAttributes();
@@ -146,7 +149,9 @@ ClothoidTangents clothoidTangents(double length, double parameter, double curved
 
 Outcome convertRuxoAlignmentToLandXml(const std::string& entrada, const std::string& salida,
                                       const Clock& clock) {
-    AlignmentFile read = readAlignmentFile(entrada, CommentLines::skipped);
+    // Read as the element-form NEVO writer reads: a line starting with "*"
+    // is numbers like any other.
+    AlignmentFile read = readAlignmentFile(entrada, CommentLines::readAsNumbers);
     if (!read.outcome.ok()) return read.outcome;
     Records& records = read.records;
     for (std::size_t i = 0; i + 1 < records.size(); ++i)

@@ -35,6 +35,15 @@ void parabolaAt(Profile& vertices, std::size_t i) {
     v.external = std::fabs(change * v.tangent * 0.25);
 }
 
+// The value as it was computed. Left to itself the optimiser squares |q|
+// as q times q, which gives a not-a-number radius (0/0, at a vertex without
+// a change of grade and without a curve) a sag of the other sign: "-nan"
+// beside "nan". Squared as held, the sag follows its formula step by step.
+double held(double value) {
+    volatile double kept = value;
+    return kept;
+}
+
 // The circle at vertex i: its radius in kv, from half the angle the two
 // grades make, and the sag. The last vertex gets none.
 void circleAt(Profile& vertices, std::size_t i) {
@@ -47,8 +56,9 @@ void circleAt(Profile& vertices, std::size_t i) {
     double arriving = std::atan2(gradeBetween(vertices[i - 1], v), 1.0);
     double leaving = std::atan2(gradeBetween(v, vertices[i + 1]), 1.0);
     double half = (arriving - leaving) / 2.0;
-    v.kv = std::fabs(v.tangent / std::tan(half));
-    v.external = std::sqrt(v.kv * v.kv + v.tangent * v.tangent) - v.kv;
+    double radius = held(std::fabs(v.tangent / std::tan(half)));
+    v.kv = radius;
+    v.external = std::sqrt(radius * radius + v.tangent * v.tangent) - radius;
 }
 
 class ProfileReader : public SaxHandler {

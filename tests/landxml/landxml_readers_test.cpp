@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <fstream>
+#include <limits>
 #include <locale>
 #include <regex>
 #include <sstream>
@@ -13,6 +14,7 @@
 #include <vector>
 
 #include "cli/operations.h"
+#include "common/text_format.h"
 #include "landxml/alignment_reader.h"
 #include "tests/test_support.h"
 
@@ -86,6 +88,20 @@ TEST_F(LandXmlReadersTest, ClothoidsFromAFiniteRadiusShowTheirMessages) {
                   "Hay una recta antes de una clotoide con radio inicial distinto de infinito. "
                   "\nLa importacion no es correcta"}));
     EXPECT_TRUE(fs::exists(file("eje.ruxo")));
+}
+
+// A circle at a vertex without a change of grade and without a curve: its
+// radius is 0/0, not a number, and the sag worked out from that radius is
+// the same not-a-number, sign and all.
+TEST_F(LandXmlReadersTest, CircleWithoutAChangeOfGradeOrACurve) {
+    std::string document = test::testData("landxml/flat_circle.xml").string();
+    ASSERT_EQ(call("rlandxml2nevoWCE", {"E1: R1", document, file("r.wce")}), 1);
+    const double nan = std::fabs(std::numeric_limits<double>::quiet_NaN());
+    std::string expected =
+        "     0.000   50.000     0.000    0.000    0.000\n" +
+        formatText("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n"_fmt, 100.0, 51.0, nan, 0.0, nan) +
+        "   200.000   52.000     0.000    0.000    0.000\n";
+    EXPECT_EQ(test::readBytes(file("r.wce")), test::withPlatformNewlines(expected));
 }
 
 // A selection list that cannot be written gives 0 where the entry point has

@@ -108,17 +108,22 @@ TEST_F(LandXmlRoundTripTest, Alignments) {
     std::string host = test::testData("alignment/host").string();
     struct Case {
         const char* writer;
-        const char* input;
+        std::string input;
         const char* ruxoOperation;  // writes the same RUXO file (to salida or scratch)
     };
-    const Case cases[] = {{"aVELM2LandXML", "alignment/eje.ruxo", nullptr},
-                          {"aistram2LandXML", "alignment/eje.istram", "aistram2ruxo"},
-                          {"aclipplt2LandXML", "alignment/eje.plt", "aclipplt2ruxo"},
-                          {"aispol2LandXML", "alignment/eje.ispol", "aispol2nevo"},
-                          {"aistramList2LandXML", "alignment/eje.lis", "aistramList2nevo"}};
+    // back_to_back: a reverse curve whose two clothoids meet at a straight
+    // point, directly and through the CLIP PLT importer.
+    std::string backToBack = test::testData("landxml/writer/back_to_back").string();
+    const Case cases[] = {{"aVELM2LandXML", sample("alignment/eje.ruxo"), nullptr},
+                          {"aistram2LandXML", sample("alignment/eje.istram"), "aistram2ruxo"},
+                          {"aclipplt2LandXML", sample("alignment/eje.plt"), "aclipplt2ruxo"},
+                          {"aispol2LandXML", sample("alignment/eje.ispol"), "aispol2nevo"},
+                          {"aistramList2LandXML", sample("alignment/eje.lis"), "aistramList2nevo"},
+                          {"aVELM2LandXML", backToBack + ".ruxo", nullptr},
+                          {"aclipplt2LandXML", backToBack + ".plt", "aclipplt2ruxo"}};
     for (const Case& c : cases) {
-        SCOPED_TRACE(c.writer);
-        std::string input = sample(c.input);
+        SCOPED_TRACE(c.writer + (" " + c.input));
+        const std::string& input = c.input;
         std::string ruxo = input;
         std::string_view operation = c.ruxoOperation == nullptr ? "" : c.ruxoOperation;
         if (operation.ends_with("ruxo")) {

@@ -1,13 +1,15 @@
 // The LandXML documents the library writes: the serializer's escaping and
 // short forms, the frame with its date rule, the alignment writer against
 // whole expected documents (tests/data/landxml/writer) and against geometry
-// computed here, and the clothoid tangents against a numerical integration.
+// computed here, the same documents through a chained importer, and the
+// clothoid tangents against a numerical integration.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <cstdlib>
 #include <regex>
 
+#include "cli/operations.h"
 #include "common/file_path.h"
 #include "landxml/alignment_writer.h"
 #include "landxml/landxml_document.h"
@@ -127,7 +129,8 @@ TEST_F(LandXmlWriterTest, FrameOfEveryDocument) {
 // Whole documents for RUXO files under tests/data/landxml/writer, on the
 // fixed clock; QUELCNV_WRITE_EXPECTED=landxml writes them anew.
 TEST_F(LandXmlWriterTest, AlignmentDocuments) {
-    for (const char* name : {"straight", "curves", "clothoids", "single"}) {
+    for (const char* name :
+         {"straight", "curves", "clothoids", "single", "back_to_back", "commented"}) {
         fs::path input = test::testData("landxml/writer") / (std::string(name) + ".ruxo");
         fs::path expected = test::testData("landxml/writer") / (std::string(name) + ".xml");
         std::string output = file(std::string(name) + ".xml");
@@ -144,6 +147,21 @@ TEST_F(LandXmlWriterTest, AlignmentDocuments) {
     EXPECT_EQ(convertRuxoAlignmentToLandXml(file("missing.ruxo"), file("none.xml")).failure,
               Failure::inputUnreadable);
     EXPECT_FALSE(fs::exists(file("none.xml")));
+}
+
+// A chained importer hands the writer the same key points: the CLIP PLT
+// form of back_to_back.ruxo gives the same document, its date and time aside.
+TEST_F(LandXmlWriterTest, ChainedImporterWritesTheSameDocument) {
+    const cli::Operation* op = cli::findOperation("aclipplt2LandXML");
+    ASSERT_NE(op, nullptr);
+    std::string plt = test::testData("landxml/writer/back_to_back.plt").string();
+    std::vector<std::string> arguments = {plt, file("back_to_back.xml")};
+    ASSERT_EQ(op->invoke(arguments), 1);
+    std::string text = std::regex_replace(test::readBytes(file("back_to_back.xml")),
+                                          std::regex(" date=\"[0-9-]+\" time=\"[0-9:]+\""),
+                                          " date=\"2007-03-05\" time=\"09:04:07\"");
+    fs::path expected = test::testData("landxml/writer/back_to_back.xml");
+    EXPECT_EQ(text, test::withPlatformNewlines(test::readBytes(expected)));
 }
 
 // The alignment's name is the output file's base name, by the platform's
