@@ -16,11 +16,7 @@
 
 namespace quelcnv {
 
-namespace {
-
-using Records = std::vector<AlignmentRecord>;
-
-std::string settingsPath(const std::string& hostFolder) {
+std::string hostSettingsPath(const std::string& hostFolder) {
 #ifdef _WIN32
     return hostFolder + "\\quelvar.ini";
 #else
@@ -28,13 +24,17 @@ std::string settingsPath(const std::string& hostFolder) {
 #endif
 }
 
+namespace {
+
+using Records = std::vector<AlignmentRecord>;
+
 // The first token behind the first "=" of the settings file's first line,
 // read as a whole number. The key before the "=" is not looked at and may be
 // missing ("=100"); a line without "=" gives no value.
 std::optional<int> elementFormLimit(const std::string& hostFolder) {
     LineReader reader;
     std::string line;
-    if (!reader.open(settingsPath(hostFolder)) || reader.read(line) == ReadStatus::nothing)
+    if (!reader.open(hostSettingsPath(hostFolder)) || reader.read(line) == ReadStatus::nothing)
         return std::nullopt;
     std::size_t equals = line.find('=');
     if (equals == std::string::npos) return std::nullopt;

@@ -15,6 +15,10 @@ namespace quelcnv {
 
 enum class NevoForm { elements, intersectionPoints };
 
+// The host's settings file in its folder: "quelvar.ini" behind the folder
+// and the platform's separator.
+std::string hostSettingsPath(const std::string& hostFolder);
+
 // The form the host's settings choose: elements when the first line of the
 // settings file quelvar.ini in the host's folder gives, behind its first "=",
 // a whole number at least the RUXO file's line count; intersection points

@@ -244,8 +244,8 @@ int summarise(const Batch& batch, const std::vector<Done>& results) {
 Report convertAndReport(const Operation& op, std::vector<std::string> arguments) {
     const Conversion* conversion = findConversion(op.name);
     std::vector<std::string> given = arguments;
-    Outcome outcome =
-        conversion != nullptr ? conversion->run(arguments) : Outcome::failed(Failure::notProvided);
+    Outcome outcome = conversion != nullptr ? runConversion(*conversion, arguments)
+                                            : Outcome::failed(Failure::notProvided);
     return reportOf(op, given, outcome);
 }
 

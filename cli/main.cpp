@@ -176,7 +176,7 @@ int runOperation(const Operation& op, std::vector<std::string> args, bool silent
     const quelcnv::Conversion* conversion = quelcnv::findConversion(op.name);
     if (conversion == nullptr) return unknownOperation(std::string(op.name));
     std::vector<std::string> given = args;
-    quelcnv::Outcome outcome = conversion->run(args);
+    quelcnv::Outcome outcome = quelcnv::runConversion(*conversion, args);
     if (op.name == "ReverseString") std::cout << args[0] << "\n";
     quelcnv::cli::Report report = quelcnv::cli::reportOf(op, given, outcome);
     if (!report.message.empty() && (report.status != exitDone || !silent))

@@ -64,6 +64,9 @@ std::string failureMessage(const Operation& op, const std::vector<std::string>& 
             return "no se puede usar la carpeta de ficheros temporales";
         case Failure::readerUnavailable: return "no se puede crear el lector XML";
         case Failure::invalidArgument: return "selec no puede ser negativo";
+        case Failure::sameFile:
+            return "no se ha escrito nada: " + outcome.writtenFile +
+                   " es el mismo fichero que " + outcome.clashingFile;
         case Failure::notProvided:
             return "la conversion " + std::string(op.name) + " no esta disponible en esta version";
     }

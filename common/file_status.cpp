@@ -2,7 +2,11 @@
 
 #include <sys/stat.h>
 
-#ifndef _WIN32
+#include <optional>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -80,5 +84,47 @@ std::uint64_t regularFileSize(std::FILE* file) {
     Status status = statusOf(file);
     return (status.mode & S_IFMT) == S_IFREG ? status.size : 0;
 }
+
+#ifdef _WIN32
+
+namespace {
+
+struct FileIdentity {
+    DWORD volume = 0, high = 0, low = 0;
+    bool operator==(const FileIdentity&) const = default;
+};
+
+// Asks for no access at all, so a file another program holds open is still
+// identified; the flag lets a folder be opened too.
+std::optional<FileIdentity> identityOf(const std::string& path) {
+    HANDLE handle =
+        CreateFileA(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                    nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (handle == INVALID_HANDLE_VALUE) return std::nullopt;
+    BY_HANDLE_FILE_INFORMATION information;
+    bool known = GetFileInformationByHandle(handle, &information) != 0;
+    CloseHandle(handle);
+    if (!known) return std::nullopt;
+    return FileIdentity{information.dwVolumeSerialNumber, information.nFileIndexHigh,
+                        information.nFileIndexLow};
+}
+
+}  // namespace
+
+bool isSameFile(const std::string& a, const std::string& b) {
+    auto first = identityOf(a);
+    auto second = first ? identityOf(b) : std::nullopt;
+    return second && *first == *second;
+}
+
+#else
+
+bool isSameFile(const std::string& a, const std::string& b) {
+    struct stat first, second;
+    return stat(a.c_str(), &first) == 0 && stat(b.c_str(), &second) == 0 &&
+           first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+#endif
 
 }  // namespace quelcnv

@@ -18,6 +18,12 @@ std::FILE* openInputFile(const std::string& path);
 std::FILE* openOutputFile(const std::string& path);
 
 bool isRegularFile(std::FILE* file);
+
+// Whether two paths name one existing file, whatever links lead to it: the
+// same device and inode on POSIX (so hard links too), the same volume and
+// file index on Windows. False when either cannot be found.
+bool isSameFile(const std::string& a, const std::string& b);
+
 // The size in bytes of a regular file; 0 for any other kind, or when unknown.
 std::uint64_t regularFileSize(std::FILE* file);
 

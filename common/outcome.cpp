@@ -16,6 +16,7 @@ std::string_view describe(Failure failure) {
         case Failure::readerUnavailable: return "no se puede crear el lector XML";
         case Failure::invalidArgument: return "un argumento esta fuera de su rango";
         case Failure::notProvided: return "la conversion no esta disponible en esta version";
+        case Failure::sameFile: return "la salida es el mismo fichero que una entrada";
     }
     return "error desconocido";
 }

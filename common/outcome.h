@@ -21,6 +21,7 @@ enum class Failure {
     readerUnavailable,   // the XML reader could not be created
     invalidArgument,     // an argument that is no file is out of its range (a negative index)
     notProvided,         // the conversion is declared but not provided in this version
+    sameFile,            // a file the conversion would write is one of its inputs: nothing written
 };
 
 // What a conversion wrote, as far as it counts it: every output the lines it
@@ -45,6 +46,9 @@ struct Outcome {
     // LandXML alignment reader's clothoid checks) when the reading stopped
     // for the failure above: its result flag was cleared before the end.
     bool refusedBefore = false;
+    // With sameFile: the file that would have been written, and the input
+    // (or the scratch file the conversion writes) that it is.
+    std::string writtenFile, clashingFile;
     Written written;
 
     bool ok() const { return failure == Failure::none; }

@@ -56,12 +56,12 @@ Outcome amxroad2nevo(Arguments&) { return Outcome::failed(Failure::notProvided);
 const Conversion conversions[] = {
     {"aruxo2nevo", aruxo2nevo, HostResult::alwaysDone},
     {"aruxo2nevoWCE", aruxo2nevoWCE, HostResult::alwaysDone},
-    {"aistram2nevo", aistram2nevo, HostResult::alwaysDone},
+    {"aistram2nevo", aistram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
     {"amxroad2nevo", amxroad2nevo, HostResult::alwaysDone},
-    {"ahtrazado2nevo", ahtrazado2nevo, HostResult::alwaysDone},
-    {"aclipplt2nevo", aclipplt2nevo, HostResult::importer},
-    {"aistramList2nevo", aistramList2nevo, HostResult::alwaysDone},
-    {"aispol2nevo", aispol2nevo, HostResult::alwaysDone},
+    {"ahtrazado2nevo", ahtrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"aclipplt2nevo", aclipplt2nevo, HostResult::importer, ScratchFile::chainTemp},
+    {"aistramList2nevo", aistramList2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"aispol2nevo", aispol2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
     {"aclipplt2ruxo", aclipplt2ruxo, HostResult::doneOrFailed},
     {"aistram2ruxo", aistram2ruxo, HostResult::doneOrFailed},
 };

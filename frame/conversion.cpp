@@ -4,7 +4,11 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
 
+#include "alignment/nevo_alignment.h"
+#include "common/file_path.h"
+#include "common/file_status.h"
 #include "common/numbers.h"
 
 namespace quelcnv {
@@ -72,7 +76,8 @@ int hostResult(HostResult rule, const Outcome& outcome) {
             return outcome.ok() || !outcome.inImport ? 1 : 0;
         case HostResult::listWritten:
             return outcome.failure == Failure::outputUnwritable ||
-                           outcome.failure == Failure::scratchUnavailable
+                           outcome.failure == Failure::scratchUnavailable ||
+                           outcome.failure == Failure::sameFile
                        ? 0
                        : 1;
         case HostResult::levelBook:
@@ -109,20 +114,100 @@ constexpr EntryShape entryShapes[] = {
 };
 #undef QUELCNV_ENTRY
 
-// Whether the host's buffers could have held every argument.
-bool areUsable(std::string_view name, const Arguments& texts) {
+// The entry point's argument names, in order.
+std::vector<std::string_view> argumentNamesOf(std::string_view name) {
     std::string_view names;
     for (const EntryShape& shape : entryShapes)
         if (shape.name == name) names = shape.arguments;
-    for (const std::string& text : texts) {
-        std::string_view argument = names.substr(0, names.find(' '));
-        names.remove_prefix(std::min(names.size(), argument.size() + 1));
-        if (isPathArgument(argument) && text.size() > maxPathLength) return false;
+    std::vector<std::string_view> list;
+    while (!names.empty()) {
+        list.push_back(names.substr(0, names.find(' ')));
+        names.remove_prefix(std::min(names.size(), list.back().size() + 1));
     }
+    return list;
+}
+
+// Whether the host's buffers could have held every argument.
+bool areUsable(std::string_view name, const Arguments& texts) {
+    std::vector<std::string_view> names = argumentNamesOf(name);
+    for (std::size_t i = 0; i < texts.size() && i < names.size(); ++i)
+        if (isPathArgument(names[i]) && texts[i].size() > maxPathLength) return false;
     return true;
 }
 
+bool isInputArgument(std::string_view name) {
+    return name == "entrada" || name == "lecturas" || name == "puntos";
+}
+
+bool isOutputArgument(std::string_view name) {
+    return name == "salida" || name == "salida1" || name == "salida2";
+}
+
+// The files one call reads and those it writes.
+struct CallFiles {
+    std::vector<std::string> read, written;
+};
+
+// Whether the path leads to the scratch file, which may not exist yet: the
+// same file, or the same path once "." and ".." and the links of the
+// folders that exist are resolved.
+bool isScratchFile(const std::string& path, const std::string& scratchPath) {
+    if (isSameFile(path, scratchPath)) return true;
+    std::error_code error;
+    std::filesystem::path a = std::filesystem::weakly_canonical(path, error);
+    if (error) return false;
+    std::filesystem::path b = std::filesystem::weakly_canonical(scratchPath, error);
+    return !error && a == b;
+}
+
+CallFiles filesOf(const Conversion& conversion, const Arguments& arguments) {
+    CallFiles files;
+    std::vector<std::string_view> names = argumentNamesOf(conversion.name);
+    for (std::size_t i = 0; i < names.size() && i < arguments.size(); ++i) {
+        if (isInputArgument(names[i])) files.read.push_back(arguments[i]);
+        if (names[i] == "pathAp") files.read.push_back(hostSettingsPath(arguments[i]));
+        if (isOutputArgument(names[i])) files.written.push_back(arguments[i]);
+        if (names[i] == "salida" && !conversion.besideOutput.empty())
+            files.written.push_back(replaceExtension(arguments[i], conversion.besideOutput));
+    }
+    return files;
+}
+
 }  // namespace
+
+std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments) {
+    std::string scratchPath;
+    if (conversion.scratch) {
+        ScratchSession scratch;
+        if (scratch.ready()) scratchPath = scratch.path(*conversion.scratch);
+    }
+    CallFiles files = filesOf(conversion, arguments);
+    for (const std::string& written : files.written) {
+        for (const std::string& read : files.read)
+            if (isSameFile(written, read)) return FileClash{written, read};
+        if (!scratchPath.empty() && isScratchFile(written, scratchPath))
+            return FileClash{written, scratchPath};
+    }
+    for (const std::string& read : files.read)
+        if (!scratchPath.empty() && isSameFile(scratchPath, read))
+            return FileClash{scratchPath, read};
+    return std::nullopt;
+}
+
+Outcome runConversion(const Conversion& conversion, Arguments& arguments) {
+    // A conversion with a scratch file holds the scratch lock from the check
+    // to its end, so no other process puts a file there in between.
+    std::optional<ScratchSession> scratch;
+    if (conversion.scratch) scratch.emplace();
+    if (auto clash = findFileClash(conversion, arguments)) {
+        Outcome refused = Outcome::failed(Failure::sameFile);
+        refused.inImport = true;
+        refused.writtenFile = clash->written;
+        refused.clashingFile = clash->clashing;
+        return refused;
+    }
+    return conversion.run(arguments);
+}
 
 int enterConversion(std::string_view name,
                     std::initializer_list<EntryArgument> arguments) noexcept {
@@ -136,7 +221,7 @@ int enterConversion(std::string_view name,
         }
         if (!areUsable(name, texts)) return 0;
         try {
-            return hostResult(conversion->result, conversion->run(texts));
+            return hostResult(conversion->result, runConversion(*conversion, texts));
         } catch (...) {
             // A failed allocation, or anything else thrown: the conversion failed.
             return hostResult(conversion->result, Outcome::failed(Failure::tooLarge));

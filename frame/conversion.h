@@ -35,6 +35,11 @@ struct Conversion {
     std::string_view name;  // the entry point's name without "MyDll_"
     ConversionRun run;
     HostResult result;
+    // The scratch file the conversion writes, if any: none of its own files
+    // may be that file.
+    std::optional<ScratchFile> scratch = std::nullopt;
+    // The extension of a second output written beside salida ("cod").
+    std::string_view besideOutput = {};
 };
 
 // Each family's conversions.
@@ -54,6 +59,21 @@ Outcome fromFile(Arguments& a) {
 
 // The conversion of the entry point of that name, or nullptr.
 const Conversion* findConversion(std::string_view name);
+
+// Two files of one call that are one file: a file the conversion writes (an
+// output, the file beside it, its scratch file) that is one of its inputs
+// (entrada, lecturas, puntos, the host's settings file in pathAp), or an
+// input that is its scratch file. Links and hard links lead to the same
+// file; a file that does not exist yet is no input's.
+struct FileClash {
+    std::string written;
+    std::string clashing;
+};
+std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments);
+
+// Runs the conversion, unless two of its files clash: then it fails with
+// sameFile, naming both, and writes nothing.
+Outcome runConversion(const Conversion& conversion, Arguments& arguments);
 
 // The integer the entry point gives the host: the one place where an outcome
 // becomes a result.

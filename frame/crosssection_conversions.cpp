@@ -44,11 +44,11 @@ Outcome clipST2ruxo(Arguments&) { return Outcome::failed(Failure::notProvided); 
 
 const Conversion conversions[] = {
     {"ruxo2nevo", ruxo2nevo, HostResult::doneOrFailed},
-    {"istram2nevo", istram2nevo, HostResult::alwaysDone},
-    {"mxroad2nevo", mxroad2nevo, HostResult::alwaysDone},
-    {"htrazado2nevo", htrazado2nevo, HostResult::alwaysDone},
-    {"clip2nevo", clip2nevo, HostResult::alwaysDone},
-    {"cliptrv2nevo", cliptrv2nevo, HostResult::alwaysDone},
+    {"istram2nevo", istram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"mxroad2nevo", mxroad2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"htrazado2nevo", htrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"clip2nevo", clip2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
+    {"cliptrv2nevo", cliptrv2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
     {"traCartomap2ruxo", traCartomap2ruxo, HostResult::doneOrFailed},
     {"traruxo2nevo", traruxo2nevo, HostResult::doneOrFailed},
     {"clipST2ruxo", clipST2ruxo, HostResult::doneOrFailed},

@@ -24,7 +24,7 @@ const Conversion conversions[] = {
     {"puntos2nevo", fromFile<convertPointsToNevo>, HostResult::doneOrFailed},
     {"anivel2ing", anivel2ing, HostResult::levelBook},
     {"puntos2nivel", fromFile<convertPointsToLevelUpload>, HostResult::doneOrFailed},
-    {"topoLea2Medrix", fromFile<convertLeaToMedrix>, HostResult::doneOrFailed},
+    {"topoLea2Medrix", fromFile<convertLeaToMedrix>, HostResult::doneOrFailed, std::nullopt, "cod"},
     {"lectnevo2medrix", fromFile<convertNevoToMedrix>, HostResult::doneOrFailed},
     {"procesaRobotizada", procesaRobotizada, HostResult::doneOrFailed},
     {"procesaCabecera", fromFile<convertRoboticHeader>, HostResult::doneOrFailed},

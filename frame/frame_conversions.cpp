@@ -26,7 +26,7 @@ Outcome ReverseString(Arguments& a) {
 Outcome arcviewNotProvided(Arguments&) { return Outcome::failed(Failure::notProvided); }
 
 const Conversion conversions[] = {
-    {"ReverseString", ReverseString, HostResult::none},
+    {"ReverseString", ReverseString, HostResult::none, ScratchFile::sampleText},
     {"velm2arcview", arcviewNotProvided, HostResult::doneOrFailed},
     {"arcview2velm", arcviewNotProvided, HostResult::doneOrFailed},
 };

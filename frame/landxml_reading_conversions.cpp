@@ -67,13 +67,16 @@ Outcome tralandxml2nevo(Arguments& a) {
 Outcome tralandxml2nevoWCE(Arguments& a) { return importLandXmlSections(a[0], a[1], a[2], a[3]); }
 
 const Conversion conversions[] = {
-    {"seleccionaTransverLandXML", selectionList<listLandXmlSurfaces>, HostResult::none},
-    {"tralandxml2nevo", tralandxml2nevo, HostResult::alwaysDone},
+    {"seleccionaTransverLandXML", selectionList<listLandXmlSurfaces>, HostResult::none,
+     ScratchFile::selectionList},
+    {"tralandxml2nevo", tralandxml2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
     {"tralandxml2nevoWCE", tralandxml2nevoWCE, HostResult::alwaysDone},
-    {"seleccionaEjeLandXML", selectionList<listLandXmlAlignments>, HostResult::listWritten},
-    {"alandxml2nevo", alandxml2nevo, HostResult::readerFlag},
+    {"seleccionaEjeLandXML", selectionList<listLandXmlAlignments>, HostResult::listWritten,
+     ScratchFile::selectionList},
+    {"alandxml2nevo", alandxml2nevo, HostResult::readerFlag, ScratchFile::localTemp},
     {"alandxml2nevoWCE", alandxml2nevoWCE, HostResult::readerFlag},
-    {"seleccionaRasanteLandXML", selectionList<listLandXmlProfiles>, HostResult::none},
+    {"seleccionaRasanteLandXML", selectionList<listLandXmlProfiles>, HostResult::none,
+     ScratchFile::selectionList},
     {"rlandxml2nevo", profileConversion<ProfileColumns::curveLengths>, HostResult::alwaysDone},
     {"rlandxml2nevoWCE", profileConversion<ProfileColumns::fiveColumns>, HostResult::alwaysDone},
 };

@@ -246,6 +246,88 @@ TEST_P(HostileInputsTest, UnwritableOutputsNeverPassForDone) {
     umount(file("lleno").c_str());
 }
 
+// The scratch file each scratch use names in the scratch folder.
+std::string_view scratchName(ScratchFile file) {
+    switch (file) {
+        case ScratchFile::chainTemp:
+        case ScratchFile::localTemp: return "temp.$$$";
+        case ScratchFile::selectionList: return "$$$$.EJE";
+        case ScratchFile::sampleText: return "prueba.$$$";
+    }
+    return "";
+}
+
+// No run harms one of its inputs. An output that is the input under another
+// name (the same path, a "./" in it, a symbolic link, a hard link), the
+// host's settings file, the file written beside the output, or the scratch
+// file the conversion writes; an input that is that scratch file: the run
+// writes nothing, gives its failure result, and the input keeps every byte.
+TEST_P(HostileInputsTest, FilesThatAreAnInputAreNeverWritten) {
+    std::vector<std::string_view> names = op().argumentNames();
+    const Conversion& conversion = *findConversion(op().name);
+    std::vector<std::string> sample = sampleArguments(op().name);
+    if (sample.empty() || op().availability == cli::Availability::unavailable)
+        GTEST_SKIP() << "no lee ningun fichero";
+    const std::string original = sampleInput();
+    std::vector<std::string> values = arguments(file("entrada"), file("salida"));
+    auto index = [&](std::string_view name) {
+        return static_cast<std::size_t>(std::ranges::find(names, name) - names.begin());
+    };
+    std::vector<std::pair<std::string, std::string>> harmed;  // what, the file to keep
+    auto run = [&](const std::string& what, const std::string& kept,
+                   const std::vector<std::string>& given) {
+        test::writeBytes(kept, original);
+        ChildRun child = runInChild(op(), given);
+        ASSERT_TRUE(child.finished) << what << ": " << child.ending;
+        DocumentedResults results = documented();
+        if (!results.failures.empty()) {
+            EXPECT_TRUE(std::ranges::count(results.failures, child.result) == 1)
+                << what << ": dio " << child.result;
+        }
+        EXPECT_EQ(test::readBytes(kept), original) << what << ": la entrada ha cambiado";
+    };
+    std::string input = file("entrada");
+    test::writeBytes(input, original);
+    fs::create_symlink(input, file("enlace"));
+    fs::create_hard_link(input, file("duro"));
+    if (index("salida") < names.size()) {
+        for (auto [what, output] : {std::pair{"la misma ruta", input},
+                                    {"con ./", (dir_ / "." / "entrada").string()},
+                                    {"enlace simbolico", file("enlace")},
+                                    {"enlace duro", file("duro")}}) {
+            std::vector<std::string> given = values;
+            given[index("salida")] = output;
+            run(what, input, given);
+        }
+    }
+    if (index("pathAp") < names.size() && index("salida") < names.size()) {
+        fs::create_directory(file("anfitrion"));
+        std::vector<std::string> given = values;
+        given[index("pathAp")] = file("anfitrion");
+        given[index("salida")] = file("anfitrion/quelvar.ini");
+        run("el fichero de ajustes", file("anfitrion/quelvar.ini"), given);
+    }
+    if (!conversion.besideOutput.empty()) {
+        std::vector<std::string> given = values;
+        given[index("salida")] = file("junto.txt");
+        given[index("entrada")] = file("junto." + std::string(conversion.besideOutput));
+        run("la entrada junto a la salida", given[index("entrada")], given);
+    }
+    if (!conversion.scratch) return;
+    std::string scratch = scratchFile(scratchName(*conversion.scratch));
+    fs::create_directories(fs::path(scratch).parent_path());
+    std::vector<std::string> given = values;
+    given[std::min(index("entrada"), index("lecturas"))] = scratch;
+    run("el fichero temporal como entrada", scratch, given);
+    if (index("salida") < names.size()) {
+        fs::remove(scratch);
+        given = values;
+        given[index("salida")] = scratch;
+        run("el fichero temporal como salida", input, given);
+        EXPECT_FALSE(fs::exists(scratch)) << "el fichero temporal como salida";
+    }
+}
+
 template <std::size_t... i>
 int enterWith(std::string_view name, const std::vector<EntryArgument>& values,
               std::index_sequence<i...>) {
