@@ -16,6 +16,9 @@
 #include <unistd.h>
 #endif
 
+#include "cli/input_warnings.h"
+#include "cli/run_operation.h"
+#include "cli/terminal_text.h"
 #include "frame/conversion.h"
 
 namespace quelcnv::cli {
@@ -24,17 +27,6 @@ namespace {
 
 namespace fs = std::filesystem;
 using namespace exits;
-
-const char batchUsage[] =
-    "Uso: quelcnv lote OPERACION --salida CARPETA [-j N] [--con NOMBRE=VALOR]... ENTRADA...\n"
-    "  convierte cada ENTRADA con OPERACION en CARPETA/NOMBRE.EXT, con la extension de\n"
-    "  costumbre de la salida; --con da los demas argumentos (pathAp=/opt/quelvar, selec=0);\n"
-    "  -j N convierte en N procesos, cada uno con su carpeta de ficheros temporales.\n";
-
-int batchUsageError(const std::string& message) {
-    std::cerr << "quelcnv: " << message << "\n" << batchUsage;
-    return exitUsage;
-}
 
 struct Batch {
     const Operation* op = nullptr;
@@ -47,44 +39,35 @@ struct Batch {
 struct Done {
     std::size_t index = 0;
     int status = exitDone;
-    std::string message;
+    std::string message;  // UTF-8
 };
 
-// Reads the words; an error message, or nothing.
-std::optional<std::string> parse(const std::vector<std::string>& words, Batch& batch) {
-    if (words.empty()) return "falta la operacion";
-    batch.op = findOperation(words[0]);
-    if (batch.op == nullptr) return "operacion desconocida: " + words[0];
-    for (std::size_t i = 1; i < words.size(); ++i) {
-        const std::string& word = words[i];
-        bool valued = word == "--salida" || word == "-j" || word == "--con";
-        if (valued && i + 1 == words.size()) return word + " necesita un valor";
-        if (word == "--salida") {
-            batch.folder = words[++i];
-        } else if (word == "-j") {
-            batch.processes = std::atoi(words[++i].c_str());
-            if (batch.processes < 1 || batch.processes > 256)
-                return "-j necesita un numero de 1 a 256";
-        } else if (word == "--con") {
-            const std::string& pair = words[++i];
-            std::size_t equals = pair.find('=');
-            if (equals == std::string::npos) return "--con necesita NOMBRE=VALOR: " + pair;
-            batch.given[pair.substr(0, equals)] = pair.substr(equals + 1);
-        } else {
-            batch.inputs.push_back(word);
-        }
+// The batch the request asks for; a UsageError when it cannot be run.
+Batch batchOf(const BatchRequest& request) {
+    Batch batch;
+    batch.op = findOperation(request.operation);
+    if (batch.op == nullptr)
+        throw UsageError("operación desconocida: " + pathText(request.operation));
+    batch.folder = request.folder;
+    batch.processes = request.processes;
+    batch.inputs = request.inputs;
+    for (const std::string& pair : request.given) {
+        std::size_t equals = pair.find('=');
+        if (equals == std::string::npos)
+            throw UsageError("--con necesita NOMBRE=VALOR: " + pathText(pair));
+        batch.given[pair.substr(0, equals)] = pair.substr(equals + 1);
     }
-    if (batch.folder.empty()) return "falta --salida CARPETA";
-    if (batch.inputs.empty()) return "no hay ficheros de entrada";
+    if (batch.inputs.empty()) throw UsageError("no hay ficheros de entrada");
     std::vector<std::string_view> names = batch.op->argumentNames();
     if (std::count(names.begin(), names.end(), "entrada") != 1 ||
         std::count(names.begin(), names.end(), "salida") != 1)
-        return "la operacion " + std::string(batch.op->name) + " no convierte de entrada a salida";
+        throw UsageError("la operación " + std::string(batch.op->name) +
+                         " no convierte de entrada a salida");
     for (std::string_view name : names) {
         if (name != "entrada" && name != "salida" && !batch.given.contains(name))
-            return "falta --con " + std::string(name) + "=VALOR";
+            throw UsageError("falta --con " + std::string(name) + "=VALOR");
     }
-    return std::nullopt;
+    return batch;
 }
 
 fs::path outputOf(const Batch& batch, const std::string& input) {
@@ -96,7 +79,8 @@ Done convertFile(const Batch& batch, std::size_t index, const std::set<fs::path>
     const std::string& input = batch.inputs[index];
     fs::path output = outputOf(batch, input);
     if (repeated.contains(output))
-        return {index, exitFailed, "otra entrada da el mismo nombre de salida: " + output.string()};
+        return {index, exitFailed,
+                "otra entrada da el mismo nombre de salida: " + pathText(output.string())};
     std::vector<std::string> arguments;
     for (std::string_view name : batch.op->argumentNames()) {
         if (name == "entrada")
@@ -106,7 +90,12 @@ Done convertFile(const Batch& batch, std::size_t index, const std::set<fs::path>
         else
             arguments.push_back(batch.given.find(name)->second);
     }
-    Report report = convertAndReport(*batch.op, arguments);
+    PreparedArguments prepared = prepareArguments(*batch.op, arguments);
+    if (prepared.error) return {index, exitUsage, *prepared.error};
+    bool zeros = warnAboutInputs(*batch.op, prepared.values);
+    std::vector<std::string> converted = prepared.values;
+    Report report = convertAndReport(*batch.op, converted);
+    if (report.status == exitDone && !zeros) warnOfZeroOutputs(*batch.op, prepared.values);
     return {index, report.status, report.message};
 }
 
@@ -120,16 +109,19 @@ public:
     void show(const Batch& batch, const Done& done) {
         ++count_;
         const std::string& input = batch.inputs[done.index];
+        std::string counted = std::to_string(count_) + "/" + std::to_string(total_);
         if (!bar_) {
-            std::cerr << "[" << count_ << "/" << total_ << "] " << input << ": "
-                      << (done.status == exitDone ? "bien" : "fallo: " + done.message) << "\n";
+            std::string outcome = done.status == exitDone ? "bien" : "fallo: " + done.message;
+            say(std::cerr, "[" + counted + "] " + pathText(input) + ": " + outcome + "\n");
             return;
         }
         constexpr std::size_t width = 30;
         std::size_t filled = width * count_ / total_;
-        std::cerr << "\r[" << std::string(filled, '#') << std::string(width - filled, '.') << "] "
-                  << count_ << "/" << total_ << " " << fs::path(input).filename().string()
-                  << "\x1b[K" << (count_ == total_ ? "\n" : "") << std::flush;
+        std::string bar = std::string(filled, '#') + std::string(width - filled, '.');
+        std::string name = pathText(fs::path(input).filename().string());
+        say(std::cerr,
+            "\r[" + bar + "] " + counted + " " + name + "\x1b[K" + (count_ == total_ ? "\n" : ""));
+        std::cerr << std::flush;
     }
 
 private:
@@ -221,7 +213,7 @@ void convertInProcesses(const Batch& batch, std::vector<Done>& results, Progress
     for (const fs::path& scratch : scratches) fs::remove_all(scratch, ignored);
     for (std::size_t i = 0; i < reported.size(); ++i) {
         if (!reported[i]) {
-            results[i] = {i, exitFailed, "el proceso que la convertia acabo antes de tiempo"};
+            results[i] = {i, exitFailed, "el proceso que la convertía acabó antes de tiempo"};
             progress.show(batch, results[i]);
         }
     }
@@ -231,23 +223,16 @@ void convertInProcesses(const Batch& batch, std::vector<Done>& results, Progress
 int summarise(const Batch& batch, const std::vector<Done>& results) {
     std::size_t failed = 0;
     for (const Done& done : results) failed += done.status != exitDone;
-    std::cerr << "Hechos: " << results.size() - failed << ". Fallidos: " << failed << ".\n";
+    say(std::cerr, "Hechos: " + std::to_string(results.size() - failed) +
+                       ". Fallidos: " + std::to_string(failed) + ".\n");
     for (const Done& done : results) {
         if (done.status != exitDone)
-            std::cerr << "  " << batch.inputs[done.index] << ": " << done.message << "\n";
+            say(std::cerr, "  " + pathText(batch.inputs[done.index]) + ": " + done.message + "\n");
     }
     return failed == 0 ? exitDone : exitFailed;
 }
 
 }  // namespace
-
-Report convertAndReport(const Operation& op, std::vector<std::string> arguments) {
-    const Conversion* conversion = findConversion(op.name);
-    std::vector<std::string> given = arguments;
-    Outcome outcome = conversion != nullptr ? runConversion(*conversion, arguments)
-                                            : Outcome::failed(Failure::notProvided);
-    return reportOf(op, given, outcome);
-}
 
 std::string_view usualExtension(std::string_view operation) {
     static const std::map<std::string_view, std::string_view> exceptions = {
@@ -268,14 +253,13 @@ std::string_view usualExtension(std::string_view operation) {
     return ".nev";
 }
 
-int runBatch(const std::vector<std::string>& words) {
-    Batch batch;
-    if (auto error = parse(words, batch)) return batchUsageError(*error);
+int runBatch(const BatchRequest& request) {
+    Batch batch = batchOf(request);
     std::error_code error;
     fs::create_directories(batch.folder, error);
     if (!fs::is_directory(batch.folder)) {
-        std::cerr << "quelcnv: no se puede crear la carpeta de salida: " << batch.folder.string()
-                  << "\n";
+        say(std::cerr,
+            "quelcnv: no se puede crear la carpeta de salida: " + pathText(request.folder) + "\n");
         return exitFailed;
     }
     std::vector<Done> results(batch.inputs.size());

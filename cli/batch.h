@@ -11,17 +11,22 @@
 
 namespace quelcnv::cli {
 
-// Runs the operation's conversion on the arguments (in the entry point's
-// order) and says what came of it.
-Report convertAndReport(const Operation& op, std::vector<std::string> arguments);
-
 // The usual extension of the operation's output (".nev", ".xml", ...).
 std::string_view usualExtension(std::string_view operation);
 
-// The words after "lote": OPERACION --salida CARPETA [-j N]
-// [--con NOMBRE=VALOR]... ENTRADA... Prints progress and a summary on
-// standard error; the exit status: 0 every file converted, 1 some failed,
-// 2 wrong usage.
-int runBatch(const std::vector<std::string>& words);
+// quelcnv lote: OPERACION --salida CARPETA [-j N] [--con NOMBRE=VALOR]...
+// ENTRADA...
+struct BatchRequest {
+    std::string operation;
+    std::string folder;
+    int processes = 1;
+    std::vector<std::string> given;  // NOMBRE=VALOR
+    std::vector<std::string> inputs;
+};
+
+// Converts every input, going on after a failure; prints progress and a
+// summary on standard error. The exit status: 0 every file converted, 1
+// some failed; a UsageError when the request cannot be run.
+int runBatch(const BatchRequest& request);
 
 }  // namespace quelcnv::cli

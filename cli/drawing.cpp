@@ -1,11 +1,14 @@
 #include "cli/drawing.h"
 
+#include <cctype>
+#include <filesystem>
 #include <iostream>
 #include <optional>
 
 #include "cli/drawing_sources.h"
 #include "cli/report.h"
 #include "cli/svg_drawing.h"
+#include "cli/terminal_text.h"
 
 namespace quelcnv::cli {
 
@@ -13,17 +16,10 @@ namespace {
 
 using namespace exits;
 
-int usage(const std::string& message) {
-    std::cerr << "quelcnv: " << message << "\n"
-              << "Uso: quelcnv dibujo ENTRADA SALIDA.svg [--eje NOMBRE|N | --rasante \"EJE: "
-                 "RASANTE\" | --transversales \"EJE: SUPERFICIE\"]\n";
-    return exitUsage;
-}
-
 std::string whatIsDrawn(const DrawingContent& content) {
     switch (content.kind) {
         case DrawingKind::profile:
-            return "rasante, " + std::to_string(content.profile.size()) + " vertices";
+            return "rasante, " + std::to_string(content.profile.size()) + " vértices";
         case DrawingKind::sections:
             return std::to_string(content.sections.size()) + " secciones transversales";
         default: {
@@ -36,40 +32,29 @@ std::string whatIsDrawn(const DrawingContent& content) {
 
 }  // namespace
 
-int runDrawing(const std::vector<std::string>& words) {
-    std::vector<std::string> files;
-    LandXmlChoice choice;
-    int chosen = 0;
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        std::optional<std::string>* option = words[i] == "--eje"             ? &choice.alignment
-                                             : words[i] == "--rasante"       ? &choice.profile
-                                             : words[i] == "--transversales" ? &choice.surface
-                                                                             : nullptr;
-        if (option == nullptr) {
-            if (words[i].starts_with("--")) return usage("opcion desconocida: " + words[i]);
-            files.push_back(words[i]);
-            continue;
-        }
-        if (i + 1 == words.size()) return usage(words[i] + " necesita un nombre");
-        *option = words[++i];
-        ++chosen;
-    }
-    if (files.size() != 2) return usage("dibujo necesita un fichero de entrada y uno de salida");
-    if (chosen > 1) return usage("--eje, --rasante y --transversales no van juntas");
-    DrawingSource source = readDrawingSource(files[0], choice);
+int runDrawing(const DrawingRequest& request) {
+    std::string extension = std::filesystem::path(request.output).extension().string();
+    for (char& c : extension) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+    if (extension != ".svg")
+        throw UsageError("el dibujo se escribe en SVG: la salida ha de acabar en .svg: " +
+                         pathText(request.output));
+    DrawingSource source = readDrawingSource(request.input, request.choice);
     if (source.unreadable) {
-        std::cerr << "quelcnv: " << source.problem << ": " << files[0] << "\n";
+        say(std::cerr, "quelcnv: " + source.problem + ": " + pathText(request.input) + "\n");
         return exitNoInput;
     }
     if (!source.content) {
-        std::cerr << "quelcnv: nada que dibujar en " << files[0] << ": " << source.problem << "\n";
+        say(std::cerr, "quelcnv: nada que dibujar en " + pathText(request.input) + ": " +
+                           source.problem + "\n");
         return exitFailed;
     }
-    if (!writeSvgDrawing(*source.content, files[1]).ok()) {
-        std::cerr << "quelcnv: no se puede escribir el dibujo: " << files[1] << "\n";
+    if (!writeSvgDrawing(*source.content, request.output).ok()) {
+        say(std::cerr,
+            "quelcnv: no se puede escribir el dibujo: " + pathText(request.output) + "\n");
         return exitFailed;
     }
-    std::cerr << "quelcnv: dibujado " << files[1] << ": " << whatIsDrawn(*source.content) << "\n";
+    say(std::cerr, "quelcnv: dibujado " + pathText(request.output) + ": " +
+                       whatIsDrawn(*source.content) + "\n");
     return exitDone;
 }
 

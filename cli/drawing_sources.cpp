@@ -226,7 +226,6 @@ DrawingSource landXmlFile(const std::string& path, const LandXmlChoice& choice) 
     TempFolder folder("dibujo");
     std::optional<LandXmlContents> contents = readContents(path);
     if (!folder.ready() || !contents) return nothing("no se puede leer el documento LandXML");
-    warnOfNonMetricUnit(path);
     if (choice.surface) return landXmlSections(path, *choice.surface, folder);
     if (choice.profile) {
         std::string vertices = folder.file("rasante");

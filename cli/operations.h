@@ -10,7 +10,10 @@
 namespace quelcnv::cli {
 
 enum class ResultKind { none, integer };
-enum class Availability { built, unavailable };
+// built: converts; readsOnly: reads its input but converts nothing in this
+// version (and says it is done, as the host expects); unavailable: kept for
+// the host, reads and converts nothing.
+enum class Availability { built, readsOnly, unavailable };
 
 // The address of an entry point, whatever its signature, as a program that
 // loads the library finds it; each operation knows the signature to call.

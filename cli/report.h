@@ -3,6 +3,7 @@
 // converter found one), or, after a good conversion, what it wrote.
 #pragma once
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -15,9 +16,15 @@ namespace exits {
 enum ExitStatus { exitDone = 0, exitFailed = 1, exitUsage = 2, exitNoInput = 3 };
 }  // namespace exits
 
+// Wrong usage of the command: the message, shown with the usage (status 2).
+class UsageError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
 struct Report {
     int status = exits::exitDone;
-    std::string message;
+    std::string message;  // UTF-8
 };
 
 // The report of the outcome of op run on arguments. A conversion that ends

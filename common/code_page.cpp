@@ -91,27 +91,6 @@ std::u32string windows1252Characters(std::string_view text) {
     for (char c : text) characters += windows1252ToUnicode(static_cast<unsigned char>(c));
     return characters;
 }
-
-// The characters of strict UTF-8 (no overlong forms, no surrogates, nothing
-// past U+10FFFF), or nothing when the bytes are not that.
-std::optional<std::u32string> utf8Characters(std::string_view text) {
-    constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
-    std::u32string characters;
-    for (std::size_t i = 0; i < text.size();) {
-        auto lead = static_cast<unsigned char>(text[i]);
-        std::size_t length = lead < firstUpperControl ? 1 : sequenceLength(lead);
-        if (length == 0 || i + length > text.size()) return std::nullopt;
-        for (std::size_t k = 1; k < length; ++k)
-            if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return std::nullopt;
-        char32_t character = length == 1 ? lead : decode(text.substr(i), length);
-        if (character < smallest[length] || character > 0x10FFFF ||
-            (character >= 0xD800 && character <= 0xDFFF))
-            return std::nullopt;
-        characters += character;
-        i += length;
-    }
-    return characters;
-}
 #endif
 
 #ifdef _WIN32
@@ -151,6 +130,68 @@ std::u32string fileNameCharacters(std::string_view name) {
 #else
     if (std::optional<std::u32string> characters = utf8Characters(name)) return *characters;
     return windows1252Characters(name);
+#endif
+}
+
+std::optional<std::u32string> utf8Characters(std::string_view text) {
+    constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    std::u32string characters;
+    for (std::size_t i = 0; i < text.size();) {
+        auto lead = static_cast<unsigned char>(text[i]);
+        std::size_t length = lead < firstUpperControl ? 1 : sequenceLength(lead);
+        if (length == 0 || i + length > text.size()) return std::nullopt;
+        for (std::size_t k = 1; k < length; ++k)
+            if ((static_cast<unsigned char>(text[i + k]) & 0xC0) != 0x80) return std::nullopt;
+        char32_t character = length == 1 ? lead : decode(text.substr(i), length);
+        if (character < smallest[length] || character > 0x10FFFF ||
+            (character >= 0xD800 && character <= 0xDFFF))
+            return std::nullopt;
+        characters += character;
+        i += length;
+    }
+    return characters;
+}
+
+std::string utf8Text(std::u32string_view characters) {
+    std::string text;
+    text.reserve(characters.size());
+    for (char32_t c : characters) {
+        if (c < 0x80) {
+            text += static_cast<char>(c);
+            continue;
+        }
+        int continuations = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+        constexpr std::array<unsigned char, 4> leadMarks = {0, 0xC0, 0xE0, 0xF0};
+        text += static_cast<char>(leadMarks[continuations] | (c >> (6 * continuations)));
+        for (int k = continuations - 1; k >= 0; --k)
+            text += static_cast<char>(0x80 | ((c >> (6 * k)) & 0x3F));
+    }
+    return text;
+}
+
+std::string codePageText(std::u32string_view characters) {
+#ifdef _WIN32
+    std::wstring wide;
+    for (char32_t c : characters) {
+        if (c > 0xFFFF) {
+            wide += static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
+            wide += static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+        } else {
+            wide += static_cast<wchar_t>(c);
+        }
+    }
+    if (wide.empty()) return {};
+    int size = static_cast<int>(wide.size());
+    std::string text(wide.size() * 2, '\0');
+    int length = WideCharToMultiByte(CP_ACP, 0, wide.data(), size, text.data(),
+                                     static_cast<int>(text.size()), nullptr, nullptr);
+    text.resize(static_cast<std::size_t>(length > 0 ? length : 0));
+    return text;
+#else
+    std::string text;
+    text.reserve(characters.size());
+    for (char32_t c : characters) text += byteOf(c);
+    return text;
 #endif
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,16 @@ std::string utf8ToWindows1252(std::string_view utf8);
 
 // The characters of a text in the library's 8-bit code page.
 std::u32string codePageCharacters(std::string_view text);
+
+// Characters as text in the library's 8-bit code page; one it lacks is "?".
+std::string codePageText(std::u32string_view characters);
+
+// The characters of strict UTF-8 (no overlong forms, no surrogates, nothing
+// past U+10FFFF), or nothing when the bytes are not that.
+std::optional<std::u32string> utf8Characters(std::string_view text);
+
+// Characters as UTF-8.
+std::string utf8Text(std::u32string_view characters);
 
 // The characters of a file name as the file system holds it: the ANSI code
 // page on Windows; elsewhere UTF-8 where the bytes are valid UTF-8, else

@@ -44,7 +44,7 @@ def arguments_of_entry_points():
         if line.startswith("#") or not line.strip():
             continue
         name, _result, arguments, state, _help = line.split(" | ")
-        if state == "built":
+        if state in ("built", "readsOnly"):
             table[name] = arguments.split()
     return table
 

@@ -283,10 +283,8 @@ void AlignmentReader::endDocument() {
 }
 
 // The first attribute of every Alignment.
-class AlignmentLister : public SaxHandler {
+class AlignmentLister : public NameLister {
 public:
-    std::vector<std::string> names;
-
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         if (name != "Alignment") return;
         if (auto first = firstAttributeText(attributes))
@@ -310,5 +308,7 @@ Outcome listLandXmlAlignments(const std::string& entrada, const std::string& lis
     AlignmentLister lister;
     return listNames(lister, lister.names, entrada, listPath, WithoutReader::listNotWritten);
 }
+
+std::unique_ptr<NameLister> makeAlignmentLister() { return std::make_unique<AlignmentLister>(); }
 
 }  // namespace quelcnv

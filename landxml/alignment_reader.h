@@ -3,10 +3,12 @@
 // geometry (Line, Curve and Spiral elements) as a RUXO alignment file.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "common/error_message.h"
 #include "common/outcome.h"
+#include "landxml/selection_list.h"
 
 namespace quelcnv {
 
@@ -30,5 +32,9 @@ Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std:
 // that selec n chooses. Fails with readerUnavailable (no list written) or
 // outputUnwritable.
 Outcome listLandXmlAlignments(const std::string& entrada, const std::string& listPath);
+
+// The handler that gathers the names listLandXmlAlignments writes, for a caller that
+// reads the document itself, alone or together with other handlers.
+std::unique_ptr<NameLister> makeAlignmentLister();
 
 }  // namespace quelcnv

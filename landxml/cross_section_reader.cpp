@@ -104,10 +104,8 @@ private:
 // combination once (names that differ only in letter case, which select the
 // same points, being one), in the order the document first gives it. An
 // alignment without a name leaves the last name standing.
-class SurfaceLister : public SaxHandler {
+class SurfaceLister : public NameLister {
 public:
-    std::vector<std::string> names;
-
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         if (equalsIgnoringCase(name, "Alignment")) {
             if (auto alignment = getAttributeText(attributes, "name")) alignment_ = *alignment;
@@ -139,5 +137,7 @@ Outcome listLandXmlSurfaces(const std::string& entrada, const std::string& listP
     SurfaceLister lister;
     return listNames(lister, lister.names, entrada, listPath, WithoutReader::listWritten);
 }
+
+std::unique_ptr<NameLister> makeSurfaceLister() { return std::make_unique<SurfaceLister>(); }
 
 }  // namespace quelcnv

@@ -4,9 +4,11 @@
 // points of the chosen surface as a RUXO cross-section file.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "common/outcome.h"
+#include "landxml/selection_list.h"
 
 namespace quelcnv {
 
@@ -23,5 +25,9 @@ Outcome importLandXmlSections(const std::string& transver, const std::string& ca
 // alignment's cross sections, each combination once, in document order.
 // Fails with outputUnwritable.
 Outcome listLandXmlSurfaces(const std::string& entrada, const std::string& listPath);
+
+// The handler that gathers the names listLandXmlSurfaces writes, for a caller that
+// reads the document itself, alone or together with other handlers.
+std::unique_ptr<NameLister> makeSurfaceLister();
 
 }  // namespace quelcnv

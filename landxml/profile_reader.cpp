@@ -152,10 +152,8 @@ void ProfileReader::endDocument() {
 
 // "alignment: profile" from the attributes named "name". An alignment
 // without one leaves the last name standing.
-class ProfileLister : public SaxHandler {
+class ProfileLister : public NameLister {
 public:
-    std::vector<std::string> names;
-
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         if (equalsIgnoringCase(name, "Alignment")) {
             if (auto alignment = getAttributeText(attributes, "name")) alignment_ = *alignment;
@@ -192,5 +190,7 @@ Outcome listLandXmlProfiles(const std::string& entrada, const std::string& listP
     ProfileLister lister;
     return listNames(lister, lister.names, entrada, listPath, WithoutReader::listWritten);
 }
+
+std::unique_ptr<NameLister> makeProfileLister() { return std::make_unique<ProfileLister>(); }
 
 }  // namespace quelcnv

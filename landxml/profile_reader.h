@@ -3,9 +3,11 @@
 // vertices with their vertical curves.
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "common/outcome.h"
+#include "landxml/selection_list.h"
 
 namespace quelcnv {
 
@@ -26,5 +28,9 @@ Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& e
 // Writes to listPath "alignment: profile" for the first 256 profiles of the
 // document, from their attributes named "name". Fails with outputUnwritable.
 Outcome listLandXmlProfiles(const std::string& entrada, const std::string& listPath);
+
+// The handler that gathers the names listLandXmlProfiles writes, for a caller that
+// reads the document itself, alone or together with other handlers.
+std::unique_ptr<NameLister> makeProfileLister();
 
 }  // namespace quelcnv

@@ -10,6 +10,13 @@
 
 namespace quelcnv {
 
+// A handler that gathers, from the events of one document, the names a
+// selection list holds, in the order the list gives them.
+class NameLister : public SaxHandler {
+public:
+    std::vector<std::string> names;
+};
+
 // Writes each name with "%s\n". Fails with outputUnwritable.
 Outcome writeSelectionList(const std::vector<std::string>& names, const std::string& path);
 

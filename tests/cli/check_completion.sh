@@ -31,6 +31,16 @@ expect --silencio --sil
 expect ruxo2nevo ayuda ruxo2n
 expect ruxo2nevo lote ruxo2n
 expect --salida lote ruxo2nevo --sal
+expect info inf
+expect --json info eje.ruxo --js
+expect --tipo dibujo eje.ruxo --ti
+expect peralte dibujo eje.ruxo --tipo per
+expect --crlf ruxo2nevo a --cr
+expect dibujo ayuda dib
+if completes ruxo2nevo --tip | grep -x -- --tipo >/dev/null; then
+    echo "ofrece --tipo a ruxo2nevo" >&2
+    exit 1
+fi
 dir="$(mktemp -d)"
 trap 'rm -rf "$dir"' EXIT
 touch "$dir/eje.ruxo"

@@ -11,6 +11,10 @@
 #include <cstdlib>
 #include <filesystem>
 
+#include "cli/help.h"
+#include "cli/operations.h"
+#include "cli/terminal_text.h"
+#include "common/code_page.h"
 #include "tests/test_support.h"
 
 namespace quelcnv {
@@ -21,8 +25,22 @@ struct CommandRun {
     std::string out, err;
 };
 
+// What the command prints for a UTF-8 text: the text itself in a UTF-8
+// locale, the console's code page on Windows.
+std::string shown(const std::string& utf8) {
+#ifdef _WIN32
+    return cli::terminalText(utf8);
+#else
+    return utf8;
+#endif
+}
+
 class CommandTest : public test::FolderTest {
 protected:
+    // The command speaks to a UTF-8 terminal here, whatever locale the
+    // tests run under.
+    test::ScopedEnv locale_{"LC_ALL", "C.UTF-8"};
+
     // Runs the command with these arguments, capturing both output streams.
     CommandRun run(const std::vector<std::string>& arguments) {
         std::string command = quoted(commandPath());
@@ -82,7 +100,28 @@ TEST_F(CommandTest, ListaShowsTheSixtyOperationsAndAyudaOne) {
     EXPECT_EQ(help.status, 0);
     EXPECT_EQ(help.out.substr(0, help.out.find('\n')), "quelcnv procesaCabecera lecturas salida");
     EXPECT_NE(help.out.find("Procesamiento cabecera  de Robotizada NEVO-800"), std::string::npos);
-    EXPECT_EQ(run({"--version"}).out, "quelcnv " QUELCNV_VERSION "\n");
+}
+
+// Help for every operation and every order, asked for with ayuda, or with
+// -h or --help anywhere on the line.
+TEST_F(CommandTest, HelpForEveryOperationAndOrder) {
+    for (const cli::Operation& op : cli::operations()) {
+        std::string name(op.name), help = shown(cli::operationHelp(op));
+        EXPECT_EQ(run({"ayuda", name}).out, help) << name;
+        CommandRun asked = run({name, "x", "--help"});
+        EXPECT_EQ(asked.status, 0) << name;
+        EXPECT_EQ(asked.out, help) << name;
+    }
+    for (const cli::Order& order : cli::orders()) {
+        std::string name(order.name), help = shown(cli::orderHelp(order));
+        EXPECT_EQ(run({"ayuda", name}).out, help) << name;
+        EXPECT_EQ(run({"-h", name}).out, help) << name;
+        EXPECT_TRUE(help.starts_with(shown("Uso: quelcnv " + name))) << name;
+    }
+    EXPECT_EQ(run({"-h"}).out, shown(cli::generalHelp()));
+    EXPECT_EQ(run({"ayuda"}).out, shown(cli::generalHelp()));
+    EXPECT_NE(run({"ahtrazado2nevo", "-h"}).out.find(shown("no convierte en esta versión")),
+              std::string::npos);
 }
 
 TEST_F(CommandTest, UsageErrorsExitWithTwo) {
@@ -91,6 +130,9 @@ TEST_F(CommandTest, UsageErrorsExitWithTwo) {
         {}, {"noexiste", "a", "b"}, {"MyDll_velm2arcview", "a", "b"}, {"velm2arcview", "a"},
         {"alandxml2nevo", "primero", "a", "b", "c"}, {"--nada", "lista"}, {"--scratch"},
         {"ayuda", "noexiste"}, {"velm2arcview", std::string(256, 'x'), "b"},
+        {"ruxo2nevo", "a", "b", "--nada"}, {"lote", "ruxo2nevo", "a"}, {"lista", "x"},
+        {"lote", "ruxo2nevo", "--salida", "d", "-j", "0", "a"}, {"dibujo", "a", "b.png"},
+        {"dibujo", "a", "b.svg", "--tipo", "nada"}, {"info"},
     };
     // clang-format on
     for (const auto& arguments : misuses) {
@@ -99,10 +141,116 @@ TEST_F(CommandTest, UsageErrorsExitWithTwo) {
         EXPECT_NE(misuse.err.find("Uso:"), std::string::npos);
     }
     EXPECT_NE(run({"velm2arcview", "a"}).err.find("necesita 2 argumentos"), std::string::npos);
+    EXPECT_NE(run({"ruxo2nevo", "a", "--nada", "b"}).err.find(shown("opción desconocida: --nada")),
+              std::string::npos);
+}
+
+// The options go anywhere on the line, before or after the operation and
+// among its arguments.
+TEST_F(CommandTest, OptionsGoAnywhere) {
+    const std::string ruxo = test::testData("crosssection/eje.ruxo").string();
+    CommandRun quiet = run({"ruxo2nevo", ruxo, "--crlf", file("crlf.nev"), "--silencio"});
+    EXPECT_EQ(quiet.status, 0);
+    EXPECT_EQ(quiet.err, "");
+    std::string written = test::readBytes(file("crlf.nev"));
+    EXPECT_NE(written.find("\r\n"), std::string::npos);
+    EXPECT_EQ(run({"--version"}).out,
+              "quelcnv " QUELCNV_VERSION " (biblioteca quelcnv " QUELCNV_VERSION ")\n");
+    EXPECT_EQ(run({"lista", "--version"}).out, run({"--version"}).out);
+}
+
+// No run harms a file: an output that is one of the inputs, under whatever
+// name, makes the command write nothing, name both files and exit 1.
+TEST_F(CommandTest, AnOutputThatIsAnInputIsNeverWritten) {
+    const std::string ruxo = test::readBytes(test::testData("crosssection/eje.ruxo"));
+    const std::string istram =
+        test::readBytes(std::string(QUELCNV_SAMPLES) + "/alignment/eje.istram");
+    test::writeBytes(file("eje.ruxo"), ruxo);
+    test::writeBytes(file("e.istram"), istram);
+    std::filesystem::create_directories(file("dir"));
+    test::writeBytes(file("dir/a.nev"), istram);
+    struct Case {
+        std::vector<std::string> words;
+        std::string kept, written, input;
+    };
+    const Case cases[] = {
+        {{"ruxo2nevo", file("eje.ruxo"), file("eje.ruxo")},
+         file("eje.ruxo"),
+         file("eje.ruxo"),
+         file("eje.ruxo")},
+        {{"ruxo2nevo", file("eje.ruxo"), dir_.string() + "/./eje.ruxo"},
+         file("eje.ruxo"),
+         dir_.string() + "/./eje.ruxo",
+         file("eje.ruxo")},
+        {{"aistram2ruxo", file("e.istram"), file("e.istram")},
+         file("e.istram"),
+         file("e.istram"),
+         file("e.istram")},
+        {{"lote", "aistram2nevo", "--salida", file("dir"), "--con", "pathAp=" + dir_.string(),
+          file("dir/a.nev")},
+         file("dir/a.nev"),
+         file("dir/a.nev"),
+         file("dir/a.nev")},
+    };
+    for (const Case& c : cases) {
+        std::string before = test::readBytes(c.kept);
+        CommandRun ran = run(c.words);
+        EXPECT_EQ(ran.status, 1) << c.words[0];
+        EXPECT_NE(ran.err.find(shown("no se ha escrito nada: " + c.written +
+                                     " es el mismo fichero que " + c.input)),
+                  std::string::npos)
+            << ran.err;
+        EXPECT_EQ(test::readBytes(c.kept), before) << c.words[0];
+    }
+}
+
+// Names with ñ and accents, typed in the terminal's encoding, choose an
+// alignment, a profile and a surface; the lists print in that encoding, and
+// the selection file the host reads keeps the library's windows-1252.
+TEST_F(CommandTest, NamesAsTheUserTypesThem) {
+    auto typed = [](const std::string& utf8) {
+#ifdef _WIN32
+        return codePageText(*utf8Characters(utf8));  // the ANSI code page of argv
+#else
+        return utf8;
+#endif
+    };
+    const std::string doc = file("obra.xml");
+    test::writeBytes(
+        doc,
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?><LandXML><Alignments>"
+        "<Alignment name=\"Otro\"/><Alignment name=\"Eje Ñandú 1\">"
+        "<CoordGeom><Line><Start>0 0</Start><End>100 0</End></Line></CoordGeom>"
+        "<Profile><ProfAlign name=\"Rasante Peñón\"><PVI>0 10</PVI><PVI>100 12</PVI>"
+        "</ProfAlign></Profile><CrossSects><CrossSect sta=\"10\"><CrossSectSurf name=\"Terreno\">"
+        "<PntList2D>-5 1 5 2</PntList2D></CrossSectSurf></CrossSect></CrossSects></Alignment>"
+        "</Alignments></LandXML>");
+    const std::string alignment = "Eje Ñandú 1", profile = "Eje Ñandú 1: Rasante Peñón";
+    CommandRun chosen = run({"alandxml2nevoWCE", typed(alignment), doc, file("eje.ruxo"), "x"});
+    EXPECT_EQ(chosen.status, 0) << chosen.err;
+    EXPECT_EQ(run({"--silencio", "alandxml2nevoWCE", "1", doc, file("uno.ruxo"), "x"}).status, 0);
+    EXPECT_EQ(test::readBytes(file("eje.ruxo")), test::readBytes(file("uno.ruxo")));
+    EXPECT_EQ(run({"rlandxml2nevo", typed(profile), doc, file("r.txt")}).status, 0);
+    EXPECT_NE(test::readBytes(file("r.txt")).find("100.000"), std::string::npos);
+    EXPECT_EQ(
+        run({"tralandxml2nevoWCE", typed("Eje Ñandú 1: Terreno"), doc, file("t.ruxo")}).status, 0);
+    EXPECT_NE(test::readBytes(file("t.ruxo")).find("10.000"), std::string::npos);
+
+    CommandRun contents = run({"contenido", doc});
+    EXPECT_EQ(contents.out,
+              shown("Ejes (2):\n  0  Otro\n  1  " + alignment + "\nRasantes (1):\n  " + profile +
+                    "\nSuperficies de transversales (1):\n  " + alignment + ": Terreno\n"));
+    CommandRun listed = run({"seleccionaEjeLandXML", doc});
+    EXPECT_EQ(listed.out, shown("Otro\n" + alignment + "\n"));
+    std::string list = test::readBytes(scratchFile("$$$$.EJE"));
+    EXPECT_NE(list.find("Eje \xD1"
+                        "and\xFA 1"),
+              std::string::npos);
 }
 
 // Every message comes from the conversion's outcome: the reason, the file it
-// concerns, the line where the converter found it, or what was written.
+// concerns, the line where the converter found it, or what was written. A
+// failure leaves no output that the run created.
 TEST_F(CommandTest, SaysWhyNamingTheFile) {
     const std::string ruxo = test::testData("crosssection/eje.ruxo").string();
     const std::string host = test::testData("alignment/host").string();
@@ -110,6 +258,7 @@ TEST_F(CommandTest, SaysWhyNamingTheFile) {
     test::writeBytes(file("blanks.txt"), " \t \n\n");
     test::writeBytes(file("counts.istram"), "4 1 0 0 100 0\n0 0 0 -1 2\n");
     const std::string commas = file("commas.txt"), out = file("out.txt");
+    const std::string samples = QUELCNV_SAMPLES;
     struct Case {
         std::vector<std::string> words;
         int status;
@@ -125,38 +274,47 @@ TEST_F(CommandTest, SaysWhyNamingTheFile) {
          "no se puede escribir el fichero de salida: " + file("no/such/folder.nev")},
         {{"aistram2nevo", commas, out, host},
          1,
-         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+         "no se ha reconocido ningún dato en el fichero de entrada: " + commas},
         {{"istram2nevo", commas, out},
          1,
-         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+         "no se ha reconocido ningún dato en el fichero de entrada: " + commas},
         {{"rvelm2nevo", file("blanks.txt"), out},
          1,
-         "no se ha reconocido ningun dato en el fichero de entrada: " + file("blanks.txt")},
+         "no se ha reconocido ningún dato en el fichero de entrada: " + file("blanks.txt")},
         {{"puntos2nevo", commas, out},
          1,
-         "no se ha reconocido ningun dato en el fichero de entrada: " + commas},
+         "no se ha reconocido ningún dato en el fichero de entrada: " + commas},
 #ifdef _WIN32  // Wine's MSXML does not say where
-        {{"seleccionaEjeLandXML", commas}, 1, "el documento XML no esta bien formado: " + commas},
+        {{"seleccionaEjeLandXML", commas}, 1, "el documento XML no está bien formado: " + commas},
 #else
         {{"seleccionaEjeLandXML", commas},
          1,
-         "el documento XML no esta bien formado (linea 1): " + commas},
+         "el documento XML no está bien formado (línea 1): " + commas},
 #endif
         {{"istram2nevo", file("counts.istram"), out},
          1,
-         "el fichero de entrada no tiene el formato esperado (linea 2): " + file("counts.istram")},
+         "el fichero de entrada no tiene el formato esperado (línea 2): " + file("counts.istram")},
         {{"alandxml2nevo", "-1", commas, out, host}, 2, "selec no puede ser negativo"},
         {{"velm2arcview", file("missing"), out},
          1,
-         "la conversion velm2arcview no esta disponible en esta version"},
+         "la conversión velm2arcview no está disponible en esta versión"},
         {{"clipST2ruxo", commas, out, file("out2.txt")},
          1,
-         "la conversion clipST2ruxo no esta disponible en esta version"},
+         "la conversión clipST2ruxo no está disponible en esta versión"},
+        {{"ahtrazado2nevo", samples + "/alignment/eje.htr", out, host},
+         1,
+         "esta versión lee " + samples +
+             "/alignment/eje.htr pero no lo convierte: no se ha "
+             "escrito nada"},
     };
     for (const Case& c : cases) {
+        std::filesystem::remove(out);
         CommandRun ran = run(c.words);
         EXPECT_EQ(ran.status, c.status) << c.words[0] << " " << ran.err;
-        EXPECT_EQ(ran.err, "quelcnv: " + c.says + "\n") << c.words[0];
+        EXPECT_EQ(ran.err, shown("quelcnv: " + c.says + "\n")) << c.words[0];
+        if (c.status != 0) {
+            EXPECT_FALSE(std::filesystem::exists(out)) << c.words[0];
+        }
     }
     EXPECT_EQ(run({"--silencio", "ruxo2nevo", ruxo, out}).err, "");
 }
@@ -201,11 +359,13 @@ TEST_F(CommandTest, BatchConvertsEveryFileAndListsTheFailures) {
         EXPECT_FALSE(std::filesystem::exists(out + "/falta.nev"));
         EXPECT_NE(batch.err.find("[4/4]"), std::string::npos) << batch.err;
         std::string summary = batch.err.substr(batch.err.find("Hechos: "));
-        EXPECT_EQ(summary, "Hechos: 2. Fallidos: 2.\n  " + file("entradas/falta.ruxo") +
-                               ": no se puede leer el fichero de entrada: " +
-                               file("entradas/falta.ruxo") + "\n  " + file("entradas/vacio.ruxo") +
-                               ": no se ha reconocido ningun dato en el fichero de entrada: " +
-                               file("entradas/vacio.ruxo") + "\n");
+        EXPECT_EQ(summary,
+                  shown("Hechos: 2. Fallidos: 2.\n  " + file("entradas/falta.ruxo") +
+                        ": no se puede leer el fichero de entrada: " + file("entradas/falta.ruxo") +
+                        "\n  " + file("entradas/vacio.ruxo") +
+                        ": no se ha reconocido ningún dato en el fichero de entrada: " +
+                        file("entradas/vacio.ruxo") + "\n"));
+        EXPECT_FALSE(std::filesystem::exists(out + "/vacio.nev"));
     }
     EXPECT_EQ(run({"lote", "aruxo2nevo", "--salida", file("x"), file("entradas/uno.ruxo")}).status,
               2);
@@ -233,7 +393,7 @@ TEST_F(CommandTest, LandXmlByNameContentsAndUnits) {
     EXPECT_EQ(test::readBytes(file("nombre.ruxo")), test::readBytes(file("indice.ruxo")));
     CommandRun unknown = run({"alandxml2nevoWCE", "Nadie", doc, file("nadie.ruxo"), dir_.string()});
     EXPECT_EQ(unknown.status, 2);
-    EXPECT_NE(unknown.err.find("ningun eje llamado \"Nadie\""), std::string::npos);
+    EXPECT_NE(unknown.err.find(shown("ningún eje llamado \"Nadie\"")), std::string::npos);
 
     const std::string sections = test::testData("landxml/sections.xml").string();
     ASSERT_EQ(run({"--silencio", "tralandxml2nevo", "Eje A", "Rasante", sections, file("dos.nev")})
@@ -262,10 +422,74 @@ TEST_F(CommandTest, LandXmlByNameContentsAndUnits) {
     CommandRun warned = run({"--silencio", "alandxml2nevoWCE", "1", file("pies.xml"),
                              file("pies.ruxo"), dir_.string()});
     EXPECT_EQ(warned.status, 0);
-    EXPECT_NE(warned.err.find("aviso: el documento declara la unidad lineal USSurveyFoot"),
+    EXPECT_NE(warned.err.find(
+                  shown("aviso: " + file("pies.xml") + ": declara la unidad lineal USSurveyFoot")),
               std::string::npos)
         << warned.err;
     EXPECT_EQ(test::readBytes(file("pies.ruxo")), test::readBytes(file("indice.ruxo")));
+}
+
+// A file that looks like another format than the operation reads, or whose
+// numbers are all zero: a warning, and the conversion as the host has it.
+TEST_F(CommandTest, WarnsOfAnotherFormatAndOfZeros) {
+    const std::string samples = QUELCNV_SAMPLES;
+    test::writeBytes(file("ceros.ruxo"), "0 0 0\n0 0 0\n0 0 0\n");
+    test::writeBytes(file("separadores.txt"), " ,\t;\n ,\t;\n ,\t;\n");
+    struct Case {
+        std::vector<std::string> words;
+        std::string warning;
+    };
+    const Case cases[] = {
+        {{"ruxo2nevo", samples + "/crosssection/eje.istram", file("a.nev")},
+         "aviso: " + samples +
+             "/crosssection/eje.istram: parece un fichero ISTRAM/ISPOL de transversales, y "
+             "ruxo2nevo lee RUXO de transversales"},
+        {{"ruxo2nevo", file("ceros.ruxo"), file("b.nev")},
+         "aviso: " + file("ceros.ruxo") + ": todos los números leídos son cero"},
+        {{"htrazado2nevo", file("separadores.txt"), file("c.nev")},
+         "aviso: " + file("c.nev") + ": solo tiene ceros"},
+    };
+    for (const Case& c : cases) {
+        CommandRun ran = run(c.words);
+        EXPECT_EQ(ran.status, 0) << c.words[1] << ": " << ran.err;
+        EXPECT_NE(ran.err.find(shown(c.warning)), std::string::npos) << ran.err;
+    }
+    CommandRun right = run({"ruxo2nevo", samples + "/crosssection/eje.ruxo", file("d.nev")});
+    EXPECT_EQ(right.err.find("aviso"), std::string::npos) << right.err;
+}
+
+// info says what a file is and holds, in text or JSON; contenido lists a
+// LandXML document's names, the design surfaces apart, and fails on a
+// document that breaks off after listing what it holds up to there.
+TEST_F(CommandTest, InfoAndContenidoSayWhatAFileHolds) {
+    const std::string samples = QUELCNV_SAMPLES;
+    CommandRun text = run({"info", samples + "/profile/peralte.ispol"});
+    EXPECT_EQ(text.status, 0);
+    EXPECT_NE(text.out.find(shown("Formato: ISPOL de peralte (peralte; certeza segura)")),
+              std::string::npos)
+        << text.out;
+    EXPECT_NE(text.out.find("PK: de 0.000 a 250.000"), std::string::npos) << text.out;
+    CommandRun json = run({"info", "--json", samples + "/alignment/eje.istram"});
+    EXPECT_TRUE(json.out.starts_with("{\"fichero\": \"" + samples +
+                                     "/alignment/eje.istram\", "
+                                     "\"formato\": \"ISTRAM de eje\", \"tipo\": \"eje\""))
+        << json.out;
+    test::writeBytes(file("basura.bin"), std::string("\x01\x02\x00\xff\x7f", 5));
+    EXPECT_EQ(run({"info", file("basura.bin")}).status, 1);
+    EXPECT_EQ(run({"info", file("no-existe")}).status, 3);
+
+    CommandRun corridor = run({"contenido", test::testData("recognition/corridor.xml").string()});
+    EXPECT_EQ(corridor.status, 0);
+    EXPECT_NE(corridor.out.find(shown("Superficies de diseño, que las conversiones no leen (3):\n"
+                                      "  Camino: Firme\n")),
+              std::string::npos)
+        << corridor.out;
+    EXPECT_NE(corridor.err.find("declara la unidad lineal foot"), std::string::npos);
+    CommandRun cut = run({"contenido", test::testData("landxml/cut.xml").string()});
+    EXPECT_EQ(cut.status, 1);
+    EXPECT_TRUE(cut.out.starts_with("Ejes (2):\n  0  Recta\n  1  Curvas\n")) << cut.out;
+    EXPECT_NE(cut.err.find(shown("se acaba antes de cerrarse")), std::string::npos) << cut.err;
+    EXPECT_EQ(run({"contenido", file("basura.bin")}).status, 1);
 }
 
 TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
@@ -281,9 +505,9 @@ TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
         {{"dibujo", samples + "/alignment/eje.ruxo", svg}, 0, "eje en planta, 5 elementos"},
         {{"dibujo", obra, svg}, 0, "eje en planta, 9 elementos"},
         {{"dibujo", obra, svg, "--eje", "Eje 2"}, 0, "eje en planta, 4 elementos"},
-        {{"dibujo", obra, svg, "--rasante", "Eje 1: Rasante 1"}, 0, "rasante, 4 vertices"},
+        {{"dibujo", obra, svg, "--rasante", "Eje 1: Rasante 1"}, 0, shown("rasante, 4 vértices")},
         {{"dibujo", "--transversales", "Eje 1: Terreno", obra, svg}, 0, "2 secciones"},
-        {{"dibujo", samples + "/profile/rasante.velm", svg}, 0, "rasante, 4 vertices"},
+        {{"dibujo", samples + "/profile/rasante.velm", svg}, 0, shown("rasante, 4 vértices")},
         {{"dibujo", obra, svg, "--eje", "Nadie"}, 1, "no tiene el eje \"Nadie\""},
         {{"dibujo", obra, svg, "--rasante", "Eje 1: Nada"}, 1, "no tiene la rasante"},
         {{"dibujo", file("texto.txt"), svg}, 1, "nada que dibujar"},
