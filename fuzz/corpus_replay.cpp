@@ -1,6 +1,7 @@
 // Replays the fuzz corpus without libFuzzer: every file under
 // <corpus>/<operation>/ goes through that entry point, as its fuzz target
-// would run it. Fails when a reading entry point has no corpus, so that a new
+// would run it, and every file under <corpus>/recognition/ through the
+// recogniser of file formats. Fails when a reading entry point has no corpus, so that a new
 // entry point cannot go unfuzzed. A plain test of the release and sanitizer
 // builds: the findings kept in the corpus stay fixed.
 #include <cstdio>
@@ -11,6 +12,16 @@
 #include <vector>
 
 #include "fuzz/entry_point_fuzz.h"
+
+namespace {
+
+std::vector<char> contentsOf(const std::filesystem::path& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::vector<char>((std::istreambuf_iterator<char>(in)),
+                             std::istreambuf_iterator<char>());
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     if (argc != 2) {
@@ -27,11 +38,21 @@ int main(int argc, char** argv) {
             continue;
         }
         for (const auto& entry : fs::directory_iterator(folder)) {
-            std::ifstream in(entry.path(), std::ios::binary);
-            std::vector<char> bytes((std::istreambuf_iterator<char>(in)),
-                                    std::istreambuf_iterator<char>());
+            std::vector<char> bytes = contentsOf(entry.path());
             quelcnv::fuzz::runEntryPoint(
                 operation, reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+            ++inputs;
+        }
+    }
+    fs::path recognised = fs::path(argv[1]) / std::string(quelcnv::fuzz::recognitionTarget);
+    if (!fs::is_directory(recognised)) {
+        std::fprintf(stderr, "sin corpus: %s\n", recognised.c_str());
+        ++missing;
+    } else {
+        for (const auto& entry : fs::directory_iterator(recognised)) {
+            std::vector<char> bytes = contentsOf(entry.path());
+            quelcnv::fuzz::runRecogniser(reinterpret_cast<const std::uint8_t*>(bytes.data()),
+                                         bytes.size());
             ++inputs;
         }
     }

@@ -12,6 +12,7 @@
 
 #include "cli/operations.h"
 #include "frame/conversion.h"
+#include "frame/recognition.h"
 
 namespace quelcnv::fuzz {
 
@@ -87,7 +88,7 @@ bool contains(const std::vector<int>& values, int value) {
 std::vector<std::string_view> readingOperations() {
     std::vector<std::string_view> names;
     for (const cli::Operation& op : cli::operations()) {
-        if (op.availability != cli::Availability::built) continue;
+        if (op.availability == cli::Availability::unavailable) continue;
         for (std::string_view argument : op.argumentNames()) {
             if (isInput(argument)) names.push_back(op.name);
         }
@@ -134,6 +135,18 @@ void runEntryPoint(std::string_view operation, const std::uint8_t* data, std::si
     if (contains(documented.failures, result) && fs::exists(folder.output)) {
         std::fprintf(stderr, "%.*s failed (%d) and left an output\n", int(operation.size()),
                      operation.data(), result);
+        std::abort();
+    }
+}
+
+void runRecogniser(const std::uint8_t* data, std::size_t size) {
+    const Folder& folder = Folder::folder();
+    writeFile(folder.input, std::string_view(reinterpret_cast<const char*>(data), size));
+    FileSummary summary = recogniseFile(folder.input);
+    bool stations = summary.firstStation.has_value() == summary.lastStation.has_value();
+    bool counts = summary.lines >= 0 && summary.items >= 0 && summary.sections >= 0;
+    if (!summary.opened || summary.kind != kindOf(summary.format) || !stations || !counts) {
+        std::fprintf(stderr, "the recogniser's summary contradicts itself\n");
         std::abort();
     }
 }

@@ -51,11 +51,12 @@ def dictionary_of(operation):
 
 
 def targets():
-    """The entry points that read a file, as fuzz/CMakeLists.txt builds them."""
+    """The entry points that read a file, as fuzz/CMakeLists.txt builds them,
+    and the recogniser of file formats."""
     sys.path.insert(0, str(ROOT / "fuzz"))
     from seed_corpus import arguments_of_entry_points
     return sorted(name for name, arguments in arguments_of_entry_points().items()
-                  if "entrada" in arguments or "lecturas" in arguments)
+                  if "entrada" in arguments or "lecturas" in arguments) + ["recognition"]
 
 
 def run(operation, seconds, seeds):

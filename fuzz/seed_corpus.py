@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Writes the seed inputs of every fuzz target, one folder per entry point,
-from the conversions of tests/data/*/cases.txt and samples/demo.txt.
+from the conversions of tests/data/*/cases.txt and samples/demo.txt, and
+one for the recogniser of file formats from every sample and test input.
 
 A seed is what the target reads: for an entry point with arguments besides
 its input and output, a first line holding them separated by "|" (the
@@ -95,6 +96,20 @@ def conversions():
             yield words[0], words[1:], ROOT
 
 
+def recognition_seeds(folder):
+    """Every sample and test input of at most 64 KiB, for the recogniser of
+    file formats; how many."""
+    folder.mkdir(parents=True, exist_ok=True)
+    count = 0
+    for base in (ROOT / "samples", ROOT / "tests/data"):
+        for path in sorted(base.rglob("*")):
+            if path.is_file() and path.stat().st_size <= 65536:
+                data = path.read_bytes()
+                (folder / hashlib.sha1(data).hexdigest()).write_bytes(data)
+                count += 1
+    return count
+
+
 def main():
     if len(sys.argv) != 2:
         sys.exit(__doc__)
@@ -124,7 +139,8 @@ def main():
         for data in every:
             (folder / hashlib.sha1(data).hexdigest()).write_bytes(data)
         count += len(every)
-    print(f"{count} semillas de {len(seeds)} operaciones en {out}")
+    count += recognition_seeds(out / "recognition")
+    print(f"{count} semillas de {len(seeds)} operaciones y del reconocedor en {out}")
 
 
 if __name__ == "__main__":
