@@ -38,6 +38,8 @@ struct GlobalOptions {
     std::string scratch;
 
     void addTo(CLI::App& app) {
+        // "/obra/eje.txt" is a path, never a Windows-style option.
+        app.allow_windows_style_options(false);
         app.set_help_flag();
         app.add_flag("--crlf", crlf);
         app.add_flag("--silencio", silent);

@@ -29,12 +29,6 @@ char plainLetter(char32_t c) {
     return at == std::u32string_view::npos ? '?' : plain[at];
 }
 
-std::string plainText(std::u32string_view characters) {
-    std::string text;
-    for (char32_t c : characters) text += c < 0x80 ? static_cast<char>(c) : plainLetter(c);
-    return text;
-}
-
 std::u32string charactersOf(std::string_view utf8) {
     if (auto characters = utf8Characters(utf8)) return *characters;
     return codePageCharacters(utf8);
@@ -47,25 +41,45 @@ UINT consoleCodePage() {
     return page != 0 ? page : GetACP();
 }
 
-std::string inCodePage(std::u32string_view characters, UINT page) {
+// One character in the code page, or nothing when the page lacks it.
+std::optional<std::string> inCodePage(char32_t c, UINT page) {
     std::wstring wide;
+    if (c > 0xFFFF) {
+        wide += static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
+        wide += static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+    } else {
+        wide += static_cast<wchar_t>(c);
+    }
+    char bytes[8];
+    BOOL lacking = FALSE;
+    int length =
+        WideCharToMultiByte(page, WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
+                            bytes, sizeof bytes, nullptr, &lacking);
+    if (length <= 0 || lacking) return std::nullopt;
+    return std::string(bytes, static_cast<std::size_t>(length));
+}
+
+std::string inCodePage(std::u32string_view characters, UINT page) {
+    std::string text;
     for (char32_t c : characters) {
-        if (c > 0xFFFF) {
-            wide += static_cast<wchar_t>(0xD800 + ((c - 0x10000) >> 10));
-            wide += static_cast<wchar_t>(0xDC00 + ((c - 0x10000) & 0x3FF));
+        if (c < 0x80) {
+            text += static_cast<char>(c);
+        } else if (auto bytes = inCodePage(c, page)) {
+            text += *bytes;
         } else {
-            wide += static_cast<wchar_t>(c);
+            text += plainLetter(c);
         }
     }
-    if (wide.empty()) return {};
-    std::string text(wide.size() * 4, '\0');
-    int length = WideCharToMultiByte(page, 0, wide.data(), static_cast<int>(wide.size()),
-                                     text.data(), static_cast<int>(text.size()), nullptr, nullptr);
-    text.resize(static_cast<std::size_t>(std::max(length, 0)));
     return text;
 }
 
 #else
+
+std::string plainText(std::u32string_view characters) {
+    std::string text;
+    for (char32_t c : characters) text += c < 0x80 ? static_cast<char>(c) : plainLetter(c);
+    return text;
+}
 
 bool isUtf8(std::string_view encoding) {
     std::string lower;
@@ -136,7 +150,9 @@ std::string pathText(std::string_view path) { return utf8Text(fileNameCharacters
 
 std::string terminalText(std::string_view utf8) {
 #ifdef _WIN32
-    return inCodePage(charactersOf(utf8), consoleCodePage());
+    UINT page = consoleCodePage();
+    if (page == CP_UTF8) return std::string(utf8);
+    return inCodePage(charactersOf(utf8), page);
 #else
     std::string encoding = terminalEncoding();
     if (isUtf8(encoding)) return std::string(utf8);

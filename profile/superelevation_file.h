@@ -1,7 +1,9 @@
 // The superelevation file: one row per line, the station and two
-// cross-falls, written by both superelevation importers.
+// cross-falls, written by both superelevation importers and read back by
+// what draws it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,5 +21,10 @@ struct SuperelevationRow {
 // Fails with outputUnwritable when salida cannot be written.
 Outcome writeSuperelevationFile(const std::vector<SuperelevationRow>& rows,
                                 const std::string& salida);
+
+// Every line of three fields or more, separated by blanks or tabs: the
+// station and the two cross-falls as they stand. A last line without a line
+// break is read. Nothing when the file cannot be read.
+std::optional<std::vector<SuperelevationRow>> readSuperelevationFile(const std::string& path);
 
 }  // namespace quelcnv

@@ -189,7 +189,7 @@ TEST_F(CommandTest, AnOutputThatIsAnInputIsNeverWritten) {
         {{"lote", "aistram2nevo", "--salida", file("dir"), "--con", "pathAp=" + dir_.string(),
           file("dir/a.nev")},
          file("dir/a.nev"),
-         file("dir/a.nev"),
+         (std::filesystem::path(file("dir")) / "a.nev").string(),
          file("dir/a.nev")},
     };
     for (const Case& c : cases) {
@@ -500,6 +500,7 @@ TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
     };
     const std::string samples = QUELCNV_SAMPLES, svg = file("dibujo.svg");
     const std::string obra = samples + "/landxml/obra.xml";
+    const std::string feet = std::string(QUELCNV_TEST_DATA) + "/drawing/pies.xml";
     test::writeBytes(file("texto.txt"), "hola\nmundo\n");
     const Case cases[] = {
         {{"dibujo", samples + "/alignment/eje.ruxo", svg}, 0, "eje en planta, 5 elementos"},
@@ -508,15 +509,40 @@ TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
         {{"dibujo", obra, svg, "--rasante", "Eje 1: Rasante 1"}, 0, shown("rasante, 4 vértices")},
         {{"dibujo", "--transversales", "Eje 1: Terreno", obra, svg}, 0, "2 secciones"},
         {{"dibujo", samples + "/profile/rasante.velm", svg}, 0, shown("rasante, 4 vértices")},
+        {{"dibujo", samples + "/profile/peralte.clip", svg}, 0, "peralte, 5 filas"},
+        {{"dibujo", samples + "/fielddata/puntos.txt", svg}, 0, "dibujo.svg: 5 puntos"},
+        {{"dibujo", samples + "/crosssection/eje.istram", svg}, 0, "2 secciones transversales"},
+        {{"dibujo", samples + "/fielddata/puntos.txt", svg, "--tipo", "transversales"},
+         0,
+         "5 secciones transversales"},
         {{"dibujo", obra, svg, "--eje", "Nadie"}, 1, "no tiene el eje \"Nadie\""},
         {{"dibujo", obra, svg, "--rasante", "Eje 1: Nada"}, 1, "no tiene la rasante"},
-        {{"dibujo", file("texto.txt"), svg}, 1, "nada que dibujar"},
+        {{"dibujo", obra, svg, "--tipo", "peralte"}, 1, "no peralte"},
+        {{"dibujo", file("texto.txt"), svg},
+         1,
+         shown("no se sabe qué es " + file("texto.txt") +
+               ": dígalo con --tipo eje|rasante|peralte|transversales|puntos")},
+        {{"dibujo", samples + "/fielddata/nivelacion.dat", svg},
+         1,
+         shown("nivelacion.dat es un fichero KL500 de nivelación, que no se dibuja")},
+        {{"dibujo", samples + "/alignment/eje.htr", svg}, 1, "HTRAZADO"},
+        {{"dibujo", samples + "/fielddata/puntos.txt", svg, "--tipo", "eje"},
+         1,
+         shown("leído como eje, no hay ningún elemento de eje")},
         {{"dibujo", samples + "/alignment/eje.ruxo", svg, "--eje", "1"},
          1,
          "solo valen para LandXML"},
         {{"dibujo", file("falta.txt"), svg}, 3, "no se puede abrir"},
         {{"dibujo", samples + "/alignment/eje.ruxo"}, 2, "Uso: quelcnv dibujo"},
         {{"dibujo", obra, svg, "--eje", "0", "--rasante", "x"}, 2, "no van juntas"},
+        {{"dibujo", obra, svg, "--tipo", "eje", "--rasante", "Eje 1: Rasante 1"},
+         2,
+         "--tipo eje y --rasante piden dos tipos distintos"},
+        {{"dibujo", obra, file("dibujo.png")}, 2, ".svg"},
+        // A document in feet: warned of once, drawn in feet.
+        {{"dibujo", feet, svg},
+         0,
+         "aviso: " + feet + ": declara la unidad lineal USSurveyFoot; "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.words[1]);
@@ -526,6 +552,9 @@ TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
         EXPECT_NE(drawing.err.find(c.says), std::string::npos) << drawing.err;
         EXPECT_EQ(std::filesystem::exists(svg), c.status == 0);
     }
+    CommandRun inFeet = run({"dibujo", feet, svg});
+    EXPECT_EQ(inFeet.err.find("aviso"), inFeet.err.rfind("aviso")) << inFeet.err;
+    EXPECT_NE(test::readBytes(svg).find("PK cada 100 pies"), std::string::npos);
 }
 
 TEST_F(CommandTest, ReverseStringPrintsItsBufferAndUsesTheScratchOption) {

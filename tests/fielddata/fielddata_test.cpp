@@ -8,6 +8,7 @@
 
 #include "common/file_path.h"
 #include "common/text_format.h"
+#include "fielddata/point_files.h"
 #include "fielddata/robotic_header.h"
 #include "quelcnv.h"
 #include "tests/test_support.h"
@@ -94,6 +95,29 @@ TEST_F(FieldDataTest, LeaCodeFile) {
     EXPECT_TRUE(fs::is_directory(file("obra.cod")));
     EXPECT_EQ(test::readBytes(out),
               test::withPlatformNewlines(test::readBytes(data("fielddata/medrix/survey.txt"))));
+}
+
+// The point files as the drawings read them: the plain list by the rules the
+// conversion to NEVO points reads it with, the NEVO file to its last line.
+TEST_F(FieldDataTest, PointFilesAreReadAsTheConversionsReadThem) {
+    test::writeBytes(file("lista.txt"),
+                     "7 100.5 200.25 3.1 EST1 otra\n\nP12\t1 2 3\n5 1 2\n9 1 1 1");
+    test::writeBytes(file("nevo.txt"), "7,100.500,200.250,3.100,EST1\n5,1,2\n8,1,2,-2.5");
+    std::vector<NamedPoint> list = readPointList(file("lista.txt")).value();
+    ASSERT_EQ(list.size(), 2u);  // a line of three fields is none; the last line is lost
+    EXPECT_EQ(list[0].name, "7");
+    EXPECT_EQ(list[0].x, 100.5);
+    EXPECT_EQ(list[0].y, 200.25);
+    EXPECT_EQ(list[0].z, 3.1);
+    EXPECT_EQ(list[0].code, "EST1");
+    EXPECT_EQ(list[1].name, "P12");
+    EXPECT_EQ(list[1].code, "");
+    std::vector<NamedPoint> nevo = readNevoPoints(file("nevo.txt")).value();
+    ASSERT_EQ(nevo.size(), 2u);  // the last line is read
+    EXPECT_EQ(nevo[0].code, "EST1");
+    EXPECT_EQ(nevo[1].name, "8");
+    EXPECT_EQ(nevo[1].z, -2.5);
+    EXPECT_FALSE(readPointList(file("falta.txt")));
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "profile/profile_vertex.h"
+#include "profile/superelevation_file.h"
 #include "quelcnv.h"
 #include "tests/test_support.h"
 
@@ -63,6 +64,18 @@ TEST_F(ProfileTest, StraightThroughARuxoVertexGivesAnInfiniteKv) {
     expected += test::cPrintf("%0.3lf", HUGE_VAL);
     expected += "\t40.000\t0.000\n200.000\t104.000\t0.000\t0.000\t0.000\n";
     EXPECT_EQ(test::readBytes(file("eje.tab")), test::withPlatformNewlines(expected));
+}
+
+// The superelevation file read back as written: station and two cross-falls
+// a line, a line of fewer fields skipped, the last line read.
+TEST_F(ProfileTest, SuperelevationRowsStandAsWritten) {
+    test::writeBytes(file("peralte.txt"), "   0.000 -2.000 -2.000\nPK\n  80.000 -3.500  3.500");
+    std::vector<SuperelevationRow> rows = readSuperelevationFile(file("peralte.txt")).value();
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[1].station, 80.0);
+    EXPECT_EQ(rows[1].firstFall, -3.5);
+    EXPECT_EQ(rows[1].secondFall, 3.5);
+    EXPECT_FALSE(readSuperelevationFile(file("falta.txt")));
 }
 
 }  // namespace
