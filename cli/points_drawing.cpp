@@ -11,8 +11,8 @@ void pointDots(Page& page, const Mapping& m, const std::vector<NamedPoint>& poin
     page.body += "<g id=\"puntos\" " + m.group() + ">\n";
     for (const NamedPoint& p : points)
         page.dot(m, PlanePoint{p.x, p.y}, 3,
-                 "class=\"punto\" data-nombre=\"" + escaped(p.name) + "\" data-cota=\"" +
-                     num(p.z) + "\" fill=\"black\"");
+                 "class=\"punto\" data-nombre=\"" + escaped(p.name) + "\" data-cota=\"" + num(p.z) +
+                     "\" fill=\"black\"");
     page.body += "</g>\n";
     for (const NamedPoint& p : points)
         page.text(m.x(p.x) + 5, m.y(p.y) - 5, escaped(p.name), R"( class="nombre" font-size="11")");

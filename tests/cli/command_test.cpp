@@ -540,9 +540,7 @@ TEST_F(CommandTest, DibujoDrawsWhatTheFileHoldsAndRefusesWhatItCannot) {
          "--tipo eje y --rasante piden dos tipos distintos"},
         {{"dibujo", obra, file("dibujo.png")}, 2, ".svg"},
         // A document in feet: warned of once, drawn in feet.
-        {{"dibujo", feet, svg},
-         0,
-         "aviso: " + feet + ": declara la unidad lineal USSurveyFoot; "},
+        {{"dibujo", feet, svg}, 0, "aviso: " + feet + ": declara la unidad lineal USSurveyFoot; "},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.words[1]);
