@@ -5,6 +5,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/mingw-common.cmake)
 # round some results differently from the other builds.
 set(CMAKE_C_FLAGS_INIT "-msse2 -mfpmath=sse")
 set(CMAKE_CXX_FLAGS_INIT "-msse2 -mfpmath=sse")
-# 32-bit Wine cannot be installed on our machines: this build's tests are
-# built but not run, and the DLL is checked statically. Where wine32 is
-# installed, give its runner as CMAKE_CROSSCOMPILING_EMULATOR.
+# These machines' kernel runs no 32-bit program: this build's tests run
+# under Debian's 32-bit Wine in an i386 root driven by the user-mode emulator
+# (scripts/win32-root makes it ready; the runner mounts the project in it).
+set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine32-run)

@@ -13,11 +13,21 @@
 //   quelcnv_host typelib DLL
 //       (Windows) checks the type library of a DLL it need not load, such as
 //       the 32-bit DLL read from a 64-bit program
+//   quelcnv_host misaligned DLL LIST FOLDER
+//       (32-bit Windows) runs the conversions of LIST with the stack 0, 4, 8
+//       and 12 bytes past a 16-byte boundary at every call, each into its own
+//       folder under FOLDER, and checks that all give the same results and
+//       the same outputs
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iomanip>
 #include <iostream>
+#include <iterator>
+#include <map>
+#include <regex>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -28,6 +38,9 @@
 #include <windows.h>
 // after windows.h, which it needs
 #include <oleauto.h>
+#ifndef _WIN64
+#include "tests/frame/misaligned_calls.h"
+#endif
 #else
 #include <dlfcn.h>
 #endif
@@ -281,17 +294,101 @@ int run(Library library, const std::string& list, const std::string& folder) {
     return failures == 0 ? 0 : 1;
 }
 
+#if defined(_WIN32) && !defined(_WIN64)
+
+// The entry point's arguments as the 4-byte words a standard call pushes:
+// selec as its number, every other one as the address of its text (the
+// sample entry point's as a buffer it may write into).
+std::vector<std::uint32_t> wordsFor(const Operation& op, std::vector<std::string>& texts) {
+    std::vector<std::uint32_t> words;
+    std::vector<std::string_view> names = op.argumentNames();
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        if (names[i] == "selec") {
+            words.push_back(static_cast<std::uint32_t>(std::stoi(texts[i])));
+        } else {
+            texts[i].resize(std::max<std::size_t>(texts[i].size(), 256), '\0');
+            words.push_back(
+                static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(texts[i].data())));
+        }
+    }
+    return words;
+}
+
+// Every file of the folder, by name; a LandXML document without the date and
+// time it was written at.
+std::map<std::string, std::string> filesOf(const std::filesystem::path& folder) {
+    static const std::regex stamp(" date=\"[0-9-]+\" time=\"[0-9:]+\"");
+    std::map<std::string, std::string> files;
+    for (const auto& entry : std::filesystem::directory_iterator(folder)) {
+        std::ifstream in(entry.path(), std::ios::binary);
+        std::string bytes((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+        files[entry.path().filename().string()] = std::regex_replace(bytes, stamp, "");
+    }
+    return files;
+}
+
+// The results of the conversions of LIST called at one offset, into folder.
+std::vector<std::string> runAtOffset(Library library, const std::string& list,
+                                     const std::filesystem::path& folder, unsigned offset) {
+    std::filesystem::create_directories(folder);
+    std::vector<std::string> results;
+    std::ifstream in(list);
+    for (std::string line; std::getline(in, line);) {
+        if (!line.empty() && line.back() == '\r') line.pop_back();
+        std::vector<std::string> words = wordsOf(line);
+        if (words.empty() || words[0][0] == '#') continue;
+        const Operation* op = quelcnv::cli::findOperation(words[0]);
+        if (op == nullptr || words.size() != op->argumentNames().size() + 1) continue;
+        std::vector<std::string> texts;
+        for (std::size_t i = 1; i < words.size(); ++i)
+            texts.push_back(words[i][0] == '@' ? (folder / words[i].substr(1)).string() : words[i]);
+        auto entry = reinterpret_cast<void (*)()>(entryAddress(library, exportedName(*op)));
+        int result = quelcnv::test::callWithStackOffset(entry, wordsFor(*op, texts), offset);
+        bool integer = op->result == quelcnv::cli::ResultKind::integer;
+        results.push_back(words[0] + " -> " + (integer ? std::to_string(result) : "-"));
+    }
+    return results;
+}
+
+int misaligned(Library library, const std::string& list, const std::string& folder) {
+    if (!resolveAll(library)) return 1;
+    std::filesystem::path base(folder);
+    std::vector<std::string> aligned = runAtOffset(library, list, base / "pila0", 0);
+    std::map<std::string, std::string> alignedFiles = filesOf(base / "pila0");
+    for (unsigned offset : {4u, 8u, 12u}) {
+        std::filesystem::path here = base / ("pila" + std::to_string(offset));
+        std::vector<std::string> results = runAtOffset(library, list, here, offset);
+        for (std::size_t i = 0; i < results.size() && i < aligned.size(); ++i)
+            if (results[i] != aligned[i])
+                fail(results[i] + " with the stack " + std::to_string(offset) + " bytes off, " +
+                     aligned[i] + " aligned");
+        std::map<std::string, std::string> files = filesOf(here);
+        for (const auto& [name, bytes] : alignedFiles)
+            if (files[name] != bytes)
+                fail(name + " differs with the stack " + std::to_string(offset) + " bytes off");
+        if (files.size() != alignedFiles.size()) fail("other files with the stack off");
+    }
+    if (failures == 0)
+        std::cout << aligned.size()
+                  << " conversions, the same with the stack 4, 8 and 12 bytes off\n";
+    return failures == 0 ? 0 : 1;
+}
+
+#endif
+
 }  // namespace
 
 int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 1, argv + argc);
     bool checking = args.size() == 2 && args[0] == "check";
     bool running = args.size() == 4 && args[0] == "run";
+    bool offsetting = args.size() == 4 && args[0] == "misaligned";
 #ifdef _WIN32
     if (args.size() == 2 && args[0] == "typelib") return checkTypeLibraryOf(args[1]);
 #endif
-    if (!checking && !running) {
-        std::cerr << "usage: quelcnv_host check LIBRARY | run LIBRARY LIST FOLDER | typelib DLL\n";
+    if (!checking && !running && !offsetting) {
+        std::cerr << "usage: quelcnv_host check LIBRARY | run LIBRARY LIST FOLDER | typelib DLL"
+                     " | misaligned DLL LIST FOLDER\n";
         return 2;
     }
     Library library = loadLibrary(args[1]);
@@ -299,5 +396,13 @@ int main(int argc, char** argv) {
         std::cerr << "quelcnv_host: cannot load " << args[1] << "\n";
         return 1;
     }
+#if defined(_WIN32) && !defined(_WIN64)
+    if (offsetting) return misaligned(library, args[2], args[3]);
+#else
+    if (offsetting) {
+        std::cerr << "quelcnv_host: misaligned calls are for the 32-bit DLL\n";
+        return 2;
+    }
+#endif
     return checking ? check(library) : run(library, args[2], args[3]);
 }
