@@ -11,6 +11,7 @@
 #include "cli/terminal_text.h"
 #include "common/file_path.h"
 #include "common/scratch.h"
+#include "common/settings.h"
 #include "frame/conversion.h"
 
 namespace quelcnv::cli {
@@ -95,7 +96,7 @@ std::vector<std::string> newOutputs(const Operation& op, const std::vector<std::
 }
 
 void printSelectionList() {
-    ScratchSession scratch;
+    ScratchSession scratch(environmentSettings().scratchFolder);
     if (!scratch.ready()) return;
     std::ifstream list(scratch.path(ScratchFile::selectionList), std::ios::binary);
     for (std::string line; std::getline(list, line);) {
@@ -120,8 +121,9 @@ Report convertAndReport(const Operation& op, std::vector<std::string>& arguments
     const Conversion* conversion = findConversion(op.name);
     std::vector<std::string> given = arguments;
     std::vector<std::string> created = newOutputs(op, arguments);
-    Outcome outcome = conversion != nullptr ? runConversion(*conversion, arguments)
-                                            : Outcome::failed(Failure::notProvided);
+    Outcome outcome = conversion != nullptr
+                          ? runConversion(*conversion, arguments, environmentSettings())
+                          : Outcome::failed(Failure::notProvided);
     Report report = reportOf(op, given, outcome);
     if (report.status != exitDone) {
         std::error_code ignored;

@@ -1,8 +1,9 @@
 #include "common/error_message.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <string>
+
+#include "common/settings.h"
 
 #ifdef _WIN32
 #include <windows.h>
@@ -14,8 +15,7 @@ namespace {
 
 bool messagesOnStandardError() {
 #ifdef _WIN32
-    const char* setting = std::getenv("QUELCNV_MESSAGES");
-    return setting != nullptr && std::string_view(setting) == "stderr";
+    return environmentValue("QUELCNV_MESSAGES") == "stderr";
 #else
     return true;
 #endif

@@ -1,11 +1,11 @@
 #include "common/output_file.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 
 #include "common/file_status.h"
+#include "common/settings.h"
 
 namespace quelcnv {
 
@@ -28,12 +28,8 @@ std::string_view platformNewline() {
 #ifdef _WIN32
     return "\r\n";
 #else
-    const char* setting = std::getenv("QUELCNV_NEWLINE");
-    if (setting != nullptr &&
-        (std::string_view(setting) == "crlf" || std::string_view(setting) == "CRLF")) {
-        return "\r\n";
-    }
-    return "\n";
+    std::string setting = environmentValue("QUELCNV_NEWLINE").value_or("");
+    return setting == "crlf" || setting == "CRLF" ? "\r\n" : "\n";
 #endif
 }
 

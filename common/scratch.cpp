@@ -2,7 +2,8 @@
 
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
+#include <map>
+#include <memory>
 #include <string_view>
 
 #ifdef _WIN32
@@ -30,16 +31,27 @@ std::string_view fileName(ScratchFile file) {
     return "temp.$$$";
 }
 
-std::string environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value == nullptr ? std::string() : std::string(value);
-}
+}  // namespace
 
-// Threads of one process wait here before they take the inter-process lock;
-// the thread that holds it may ask again.
-std::recursive_mutex& threadLock() {
-    static std::recursive_mutex lock;
-    return lock;
+// What this process holds of one scratch folder. Threads wait on `threads`
+// before they take the inter-process lock, and the thread that holds it may
+// ask again; the lock file, open while sessions hold it, is guarded by
+// `threads`. One per folder used, kept for the life of the process.
+struct ScratchSession::FolderLock {
+    std::recursive_mutex threads;
+    int file = -1;
+    int sessions = 0;
+};
+
+namespace {
+
+ScratchSession::FolderLock& folderLock(const std::string& folder) {
+    static std::mutex guard;
+    static std::map<std::string, std::unique_ptr<ScratchSession::FolderLock>> locks;
+    std::lock_guard<std::mutex> held(guard);
+    auto& lock = locks[folder];
+    if (!lock) lock = std::make_unique<ScratchSession::FolderLock>();
+    return *lock;
 }
 
 }  // namespace
@@ -79,11 +91,8 @@ HANDLE openMutex(const std::string& name) {
 
 }  // namespace
 
-ScratchSession::ScratchSession() : thread_(threadLock()) {
-    directory_ = environment("QUELCNV_SCRATCH");
-    while (directory_.size() > 3 && (directory_.back() == '\\' || directory_.back() == '/')) {
-        directory_.pop_back();
-    }
+ScratchSession::ScratchSession(const std::string& folder)
+    : lock_(folderLock(folder)), thread_(lock_.threads), directory_(folder) {
     if (!directory_.empty() && !prepareFolder(directory_)) return;
     HANDLE mutex = openMutex(mutexName(directory_));
     if (mutex == nullptr) return;
@@ -113,31 +122,6 @@ std::string ScratchSession::path(ScratchFile file) const {
 #else
 
 namespace {
-
-// The inter-process lock this process holds, shared by nested sessions on
-// the same directory. Guarded by threadLock().
-struct HeldLock {
-    std::string directory;
-    int file = -1;
-    int sessions = 0;
-};
-
-HeldLock& heldLock() {
-    static HeldLock held;
-    return held;
-}
-
-std::string configuredDirectory() {
-    std::string directory = environment("QUELCNV_SCRATCH");
-    if (directory.empty()) {
-        std::string runtime = environment("XDG_RUNTIME_DIR");
-        directory =
-            runtime.empty() ? "/tmp/quelcnv-" + std::to_string(geteuid()) : runtime + "/quelcnv";
-    }
-    // A trailing slash would make the open below follow a symbolic link.
-    while (directory.size() > 1 && directory.back() == '/') directory.pop_back();
-    return directory;
-}
 
 // Creates the directory when missing and opens it, refusing a symbolic link,
 // a directory of another user and one that others may write in. -1 when refused.
@@ -175,32 +159,19 @@ int lockDirectory(const std::string& directory) {
 
 }  // namespace
 
-ScratchSession::ScratchSession() : thread_(threadLock()) {
-    directory_ = configuredDirectory();
-    HeldLock& held = heldLock();
-    if (held.sessions > 0 && held.directory == directory_) {
-        ++held.sessions;
-        shared_ = ready_ = true;
-        return;
-    }
-    int fd = lockDirectory(directory_);
-    if (fd < 0) return;
-    ready_ = true;
-    if (held.sessions == 0) {
-        held = {directory_, fd, 1};
-        shared_ = true;
-    } else {
-        ownLock_ = fd;
-    }
+ScratchSession::ScratchSession(const std::string& folder)
+    : lock_(folderLock(folder)), thread_(lock_.threads), directory_(folder) {
+    if (lock_.sessions == 0) lock_.file = lockDirectory(directory_);
+    if (lock_.file < 0) return;
+    ++lock_.sessions;
+    counted_ = ready_ = true;
 }
 
 ScratchSession::~ScratchSession() {
-    HeldLock& held = heldLock();
-    if (shared_ && --held.sessions == 0) {
-        close(held.file);  // closing releases the lock
-        held = HeldLock();
+    if (counted_ && --lock_.sessions == 0) {
+        close(lock_.file);  // closing releases the lock
+        lock_.file = -1;
     }
-    if (ownLock_ >= 0) close(ownLock_);
 }
 
 std::string ScratchSession::path(ScratchFile file) const {

@@ -14,19 +14,19 @@ enum class ScratchFile {
     sampleText,     // "prueba.$$$": written by the sample entry point
 };
 
-// The scratch directory, locked for one conversion from its first to its last
-// scratch access. Elsewhere than on Windows the directory is $QUELCNV_SCRATCH,
-// else $XDG_RUNTIME_DIR/quelcnv, else /tmp/quelcnv-<uid>; it is created with
-// mode 0700, and one that is a symbolic link, belongs to another user, or
-// that others may write in, is refused. On Windows the files keep their
-// original paths ("c:\temp.$$$", "temp.$$$", "c:\$$$$.EJE", "c:\prueba.$$$"),
-// where the host looks for them, unless QUELCNV_SCRATCH names another folder;
-// the lock is a named mutex. Two processes converting at once wait for each
-// other, and so do two threads. Sessions nest: a conversion that holds the
-// lock may run another that asks for it again.
+// A scratch folder (Settings::scratchFolder), locked for one conversion
+// from its first to its last scratch access. Elsewhere than on Windows the
+// folder is created with mode 0700, and one that is a symbolic link, belongs
+// to another user, or that others may write in, is refused. On Windows an
+// empty folder keeps the files at their original paths ("c:\temp.$$$",
+// "temp.$$$", "c:\$$$$.EJE", "c:\prueba.$$$"), where the host looks for them;
+// the lock is a named mutex. Two processes converting at once in one folder
+// wait for each other, and so do two threads; conversions in different
+// folders run side by side. Sessions nest: a conversion that holds the lock
+// may run another that asks for it again.
 class ScratchSession {
 public:
-    ScratchSession();
+    explicit ScratchSession(const std::string& folder);
     ScratchSession(const ScratchSession&) = delete;
     ScratchSession& operator=(const ScratchSession&) = delete;
     ~ScratchSession();
@@ -36,15 +36,17 @@ public:
     bool ready() const { return ready_; }
     std::string path(ScratchFile file) const;
 
+    struct FolderLock;
+
 private:
+    FolderLock& lock_;
     std::unique_lock<std::recursive_mutex> thread_;
     std::string directory_;
     bool ready_ = false;
 #ifdef _WIN32
     void* mutex_ = nullptr;
 #else
-    bool shared_ = false;  // holds the process's lock on this directory
-    int ownLock_ = -1;     // a lock on another directory than the process's
+    bool counted_ = false;  // counted among the sessions sharing the folder's lock file
 #endif
 };
 

@@ -14,44 +14,42 @@ namespace {
 
 // entrada, salida, pathAp: the importer into the scratch file, then the NEVO
 // writer from it.
-Outcome chainToNevo(FileConversion import, const Arguments& a, ScratchAfter after) {
+Outcome chainToNevo(FileConversion import, Call& a, ScratchAfter after) {
     return chainThroughScratch(
-        [&](const std::string& temp) { return import(a[0], temp); },
+        a.settings, [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return convertRuxoAlignmentToNevo(temp, a[1], a[2]); },
         after);
 }
 
-Outcome aruxo2nevo(Arguments& a) { return convertRuxoAlignmentToNevo(a[0], a[1], a[2]); }
+Outcome aruxo2nevo(Call& a) { return convertRuxoAlignmentToNevo(a[0], a[1], a[2]); }
 
-Outcome aruxo2nevoWCE(Arguments& a) { return writeIntersectionForm(a[0], a[1]).outcome; }
+Outcome aruxo2nevoWCE(Call& a) { return writeIntersectionForm(a[0], a[1]).outcome; }
 
-Outcome aistram2nevo(Arguments& a) {
+Outcome aistram2nevo(Call& a) {
     return chainToNevo(importIstramAlignment, a, ScratchAfter::removed);
 }
 
-Outcome ahtrazado2nevo(Arguments& a) {
+Outcome ahtrazado2nevo(Call& a) {
     return chainToNevo(importHtrazadoAlignment, a, ScratchAfter::removed);
 }
 
-Outcome aclipplt2nevo(Arguments& a) {
+Outcome aclipplt2nevo(Call& a) {
     return chainToNevo(importClipPltAlignment, a, ScratchAfter::removed);
 }
 
 // These two leave the scratch file behind, as the host has always found it.
-Outcome aistramList2nevo(Arguments& a) {
+Outcome aistramList2nevo(Call& a) {
     return chainToNevo(importIstramListingAlignment, a, ScratchAfter::left);
 }
 
-Outcome aispol2nevo(Arguments& a) {
-    return chainToNevo(importIspolAlignment, a, ScratchAfter::left);
-}
+Outcome aispol2nevo(Call& a) { return chainToNevo(importIspolAlignment, a, ScratchAfter::left); }
 
-Outcome aclipplt2ruxo(Arguments& a) { return importClipPltAlignment(a[0], a[1]); }
+Outcome aclipplt2ruxo(Call& a) { return importClipPltAlignment(a[0], a[1]); }
 
-Outcome aistram2ruxo(Arguments& a) { return importIstramAlignment(a[0], a[1]); }
+Outcome aistram2ruxo(Call& a) { return importIstramAlignment(a[0], a[1]); }
 
 // The MXROAD alignment conversion is not provided in this version.
-Outcome amxroad2nevo(Arguments&) { return Outcome::failed(Failure::notProvided); }
+Outcome amxroad2nevo(Call&) { return Outcome::failed(Failure::notProvided); }
 
 const Conversion conversions[] = {
     {"aruxo2nevo", aruxo2nevo, HostResult::alwaysDone},

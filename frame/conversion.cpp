@@ -175,10 +175,11 @@ CallFiles filesOf(const Conversion& conversion, const Arguments& arguments) {
 
 }  // namespace
 
-std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments) {
+std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments,
+                                       const Settings& settings) {
     std::string scratchPath;
     if (conversion.scratch) {
-        ScratchSession scratch;
+        ScratchSession scratch(settings.scratchFolder);
         if (scratch.ready()) scratchPath = scratch.path(*conversion.scratch);
     }
     CallFiles files = filesOf(conversion, arguments);
@@ -194,19 +195,21 @@ std::optional<FileClash> findFileClash(const Conversion& conversion, const Argum
     return std::nullopt;
 }
 
-Outcome runConversion(const Conversion& conversion, Arguments& arguments) {
+Outcome runConversion(const Conversion& conversion, Arguments& arguments,
+                      const Settings& settings) {
     // A conversion with a scratch file holds the scratch lock from the check
     // to its end, so no other process puts a file there in between.
     std::optional<ScratchSession> scratch;
-    if (conversion.scratch) scratch.emplace();
-    if (auto clash = findFileClash(conversion, arguments)) {
+    if (conversion.scratch) scratch.emplace(settings.scratchFolder);
+    if (auto clash = findFileClash(conversion, arguments, settings)) {
         Outcome refused = Outcome::failed(Failure::sameFile);
         refused.inImport = true;
         refused.writtenFile = clash->written;
         refused.clashingFile = clash->clashing;
         return refused;
     }
-    return conversion.run(arguments);
+    Call call{arguments, settings};
+    return conversion.run(call);
 }
 
 int enterConversion(std::string_view name,
@@ -221,7 +224,8 @@ int enterConversion(std::string_view name,
         }
         if (!areUsable(name, texts)) return 0;
         try {
-            return hostResult(conversion->result, runConversion(*conversion, texts));
+            Settings settings = environmentSettings();
+            return hostResult(conversion->result, runConversion(*conversion, texts, settings));
         } catch (...) {
             // A failed allocation, or anything else thrown: the conversion failed.
             return hostResult(conversion->result, Outcome::failed(Failure::tooLarge));
@@ -231,9 +235,9 @@ int enterConversion(std::string_view name,
     }
 }
 
-Outcome chainThroughScratch(const ScratchStep& importer, const ScratchStep& writer,
-                            ScratchAfter after, ScratchFile file) {
-    ScratchSession scratch;
+Outcome chainThroughScratch(const Settings& settings, const ScratchStep& importer,
+                            const ScratchStep& writer, ScratchAfter after, ScratchFile file) {
+    ScratchSession scratch(settings.scratchFolder);
     if (!scratch.ready()) {
         Outcome refused = Outcome::failed(Failure::scratchUnavailable);
         refused.inImport = true;

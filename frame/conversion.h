@@ -13,12 +13,21 @@
 
 #include "common/outcome.h"
 #include "common/scratch.h"
+#include "common/settings.h"
 
 namespace quelcnv {
 
 // The arguments in the entry point's order; selec as its decimal text.
 using Arguments = std::vector<std::string>;
-using ConversionRun = Outcome (*)(Arguments& arguments);
+
+// One conversion's arguments and its settings; a[i] is the i-th argument.
+struct Call {
+    Arguments& arguments;
+    const Settings& settings;
+
+    std::string& operator[](std::size_t i) { return arguments[i]; }
+};
+using ConversionRun = Outcome (*)(Call& call);
 
 // How an entry point turns its conversion's outcome into the host's integer.
 enum class HostResult {
@@ -53,7 +62,7 @@ std::span<const Conversion> landXmlWritingConversions();
 
 // entrada, salida: one converter from file to file.
 template <FileConversion convert>
-Outcome fromFile(Arguments& a) {
+Outcome fromFile(Call& a) {
     return convert(a[0], a[1]);
 }
 
@@ -69,11 +78,12 @@ struct FileClash {
     std::string written;
     std::string clashing;
 };
-std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments);
+std::optional<FileClash> findFileClash(const Conversion& conversion, const Arguments& arguments,
+                                       const Settings& settings);
 
-// Runs the conversion, unless two of its files clash: then it fails with
-// sameFile, naming both, and writes nothing.
-Outcome runConversion(const Conversion& conversion, Arguments& arguments);
+// Runs the conversion with those settings, unless two of its files clash:
+// then it fails with sameFile, naming both, and writes nothing.
+Outcome runConversion(const Conversion& conversion, Arguments& arguments, const Settings& settings);
 
 // The integer the entry point gives the host: the one place where an outcome
 // becomes a result.
@@ -104,8 +114,8 @@ EntryArgument argumentOf(int value);
 
 // What every entry point does: with an argument it cannot use (NULL, or a
 // path over 255 bytes: a path is never cut short) it converts nothing and
-// gives 0; otherwise it runs the conversion and gives the host its integer.
-// Nothing escapes from it.
+// gives 0; otherwise it runs the conversion with the environment's settings
+// and gives the host its integer. Nothing escapes from it.
 int enterConversion(std::string_view name, std::initializer_list<EntryArgument> arguments) noexcept;
 
 // A conversion chained through a scratch file: importer from the input into
@@ -116,8 +126,9 @@ int enterConversion(std::string_view name, std::initializer_list<EntryArgument> 
 // importer's failure, marked as such, or the writer's outcome.
 enum class ScratchAfter { removed, left };
 using ScratchStep = std::function<Outcome(const std::string& scratchPath)>;
-Outcome chainThroughScratch(const ScratchStep& importer, const ScratchStep& writer,
-                            ScratchAfter after, ScratchFile file = ScratchFile::chainTemp);
+Outcome chainThroughScratch(const Settings& settings, const ScratchStep& importer,
+                            const ScratchStep& writer, ScratchAfter after,
+                            ScratchFile file = ScratchFile::chainTemp);
 
 // The selec argument, read back as the whole number it was given as.
 int selection(const std::string& selec);

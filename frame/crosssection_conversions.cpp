@@ -15,32 +15,32 @@ namespace {
 
 // entrada, salida: the importer into the scratch RUXO file, then the NEVO
 // file from it.
-Outcome importToNevo(FileConversion import, const Arguments& a) {
+Outcome importToNevo(FileConversion import, Call& a) {
     return chainThroughScratch(
-        [&](const std::string& temp) { return import(a[0], temp); },
+        a.settings, [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return convertRuxoSectionsToNevo(temp, a[1]); },
         ScratchAfter::removed);
 }
 
-Outcome ruxo2nevo(Arguments& a) { return convertRuxoSectionsToNevo(a[0], a[1]); }
+Outcome ruxo2nevo(Call& a) { return convertRuxoSectionsToNevo(a[0], a[1]); }
 
-Outcome traruxo2nevo(Arguments& a) { return convertCommaSectionsToFixedWidth(a[0], a[1]); }
+Outcome traruxo2nevo(Call& a) { return convertCommaSectionsToFixedWidth(a[0], a[1]); }
 
-Outcome istram2nevo(Arguments& a) { return importToNevo(importIstramSections, a); }
+Outcome istram2nevo(Call& a) { return importToNevo(importIstramSections, a); }
 
-Outcome mxroad2nevo(Arguments& a) { return importToNevo(importMxroadSections, a); }
+Outcome mxroad2nevo(Call& a) { return importToNevo(importMxroadSections, a); }
 
-Outcome htrazado2nevo(Arguments& a) { return importToNevo(importHtrazadoSections, a); }
+Outcome htrazado2nevo(Call& a) { return importToNevo(importHtrazadoSections, a); }
 
-Outcome clip2nevo(Arguments& a) { return importToNevo(importClipTerSections, a); }
+Outcome clip2nevo(Call& a) { return importToNevo(importClipTerSections, a); }
 
-Outcome cliptrv2nevo(Arguments& a) { return importToNevo(importClipTrvSections, a); }
+Outcome cliptrv2nevo(Call& a) { return importToNevo(importClipTrvSections, a); }
 
-Outcome traCartomap2ruxo(Arguments& a) { return importCartomapSections(a[0], a[1]); }
+Outcome traCartomap2ruxo(Call& a) { return importCartomapSections(a[0], a[1]); }
 
 // The conversion of CLIP cross-section reports is not provided in this
 // version: nothing is read or written.
-Outcome clipST2ruxo(Arguments&) { return Outcome::failed(Failure::notProvided); }
+Outcome clipST2ruxo(Call&) { return Outcome::failed(Failure::notProvided); }
 
 const Conversion conversions[] = {
     {"ruxo2nevo", ruxo2nevo, HostResult::doneOrFailed},

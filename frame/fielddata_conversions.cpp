@@ -13,12 +13,10 @@ namespace quelcnv {
 namespace {
 
 // entrada, salida, then the texts of the book's header.
-Outcome anivel2ing(Arguments& a) {
-    return convertLevelBook(a[0], a[1], {a[2], a[3], a[4], a[5], a[6]});
-}
+Outcome anivel2ing(Call& a) { return convertLevelBook(a[0], a[1], {a[2], a[3], a[4], a[5], a[6]}); }
 
 // Processing robotic readings into a report is not provided in this version.
-Outcome procesaRobotizada(Arguments&) { return Outcome::failed(Failure::notProvided); }
+Outcome procesaRobotizada(Call&) { return Outcome::failed(Failure::notProvided); }
 
 const Conversion conversions[] = {
     {"puntos2nevo", fromFile<convertPointsToNevo>, HostResult::doneOrFailed},

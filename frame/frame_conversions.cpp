@@ -14,16 +14,16 @@ constexpr char sampleText[] = "salva";
 // Reverses nothing, as the host's sample has always done: "salva" replaces
 // the argument and goes, without a line break, into the scratch file
 // "prueba.$$$", whose failure is not told.
-Outcome ReverseString(Arguments& a) {
+Outcome ReverseString(Call& a) {
     a[0] = sampleText;
-    ScratchSession scratch;
+    ScratchSession scratch(a.settings.scratchFolder);
     if (!scratch.ready()) return Outcome::failed(Failure::scratchUnavailable);
     return writeWholeFile(scratch.path(ScratchFile::sampleText),
                           [](OutputFile& out) { out.write(sampleText); });
 }
 
 // The ArcView conversions are declared for the host but not provided.
-Outcome arcviewNotProvided(Arguments&) { return Outcome::failed(Failure::notProvided); }
+Outcome arcviewNotProvided(Call&) { return Outcome::failed(Failure::notProvided); }
 
 const Conversion conversions[] = {
     {"ReverseString", ReverseString, HostResult::none, ScratchFile::sampleText},

@@ -16,8 +16,8 @@ using Lister = Outcome (*)(const std::string& entrada, const std::string& listPa
 
 // entrada: the selection list written in the scratch folder.
 template <Lister list>
-Outcome selectionList(Arguments& a) {
-    ScratchSession scratch;
+Outcome selectionList(Call& a) {
+    ScratchSession scratch(a.settings.scratchFolder);
     if (!scratch.ready()) return Outcome::failed(Failure::scratchUnavailable);
     return list(a[0], scratch.path(ScratchFile::selectionList));
 }
@@ -31,40 +31,44 @@ Outcome negativeSelection() {
 
 // selec, entrada, salida, pathAp: the alignment through the scratch RUXO file
 // of the current folder (on Windows) to the NEVO writer.
-Outcome alandxml2nevo(Arguments& a) {
+Outcome alandxml2nevo(Call& a) {
     int selec = selection(a[0]);
     if (selec < 0) return negativeSelection();
     return chainThroughScratch(
-        [&](const std::string& temp) { return importLandXmlAlignment(a[1], selec, temp); },
+        a.settings,
+        [&](const std::string& temp) {
+            return importLandXmlAlignment(a[1], selec, temp, a.settings.showMessage);
+        },
         [&](const std::string& temp) { return convertRuxoAlignmentToNevo(temp, a[2], a[3]); },
         ScratchAfter::removed, ScratchFile::localTemp);
 }
 
 // selec, entrada, salida (the RUXO file), pathAp (not used).
-Outcome alandxml2nevoWCE(Arguments& a) {
+Outcome alandxml2nevoWCE(Call& a) {
     int selec = selection(a[0]);
     if (selec < 0) return negativeSelection();
-    Outcome read = importLandXmlAlignment(a[1], selec, a[2]);
+    Outcome read = importLandXmlAlignment(a[1], selec, a[2], a.settings.showMessage);
     read.inImport = !read.ok();
     return read;
 }
 
 // nombreRas, entrada, salida.
 template <ProfileColumns columns>
-Outcome profileConversion(Arguments& a) {
+Outcome profileConversion(Call& a) {
     return convertLandXmlProfile(a[0], a[1], a[2], columns);
 }
 
 // transver, capa, entrada, salida: the surface's points through the scratch
 // RUXO file to the NEVO file.
-Outcome tralandxml2nevo(Arguments& a) {
+Outcome tralandxml2nevo(Call& a) {
     return chainThroughScratch(
+        a.settings,
         [&](const std::string& temp) { return importLandXmlSections(a[0], a[1], a[2], temp); },
         [&](const std::string& temp) { return convertRuxoSectionsToNevo(temp, a[3]); },
         ScratchAfter::removed);
 }
 
-Outcome tralandxml2nevoWCE(Arguments& a) { return importLandXmlSections(a[0], a[1], a[2], a[3]); }
+Outcome tralandxml2nevoWCE(Call& a) { return importLandXmlSections(a[0], a[1], a[2], a[3]); }
 
 const Conversion conversions[] = {
     {"seleccionaTransverLandXML", selectionList<listLandXmlSurfaces>, HostResult::none,

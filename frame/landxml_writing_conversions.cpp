@@ -30,17 +30,17 @@ using ProfileReader = ProfileRead (*)(const std::string& path);
 // entrada, salida: the importer writes the scratch RUXO alignment file, and
 // only when it succeeded is the document written from it.
 template <FileConversion import>
-Outcome alignmentToLandXml(Arguments& a) {
+Outcome alignmentToLandXml(Call& a) {
     return chainThroughScratch(
-        [&](const std::string& temp) { return import(a[0], temp); },
+        a.settings, [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return convertRuxoAlignmentToLandXml(temp, a[1]); },
         ScratchAfter::removed);
 }
 
-Outcome aVELM2LandXML(Arguments& a) { return convertRuxoAlignmentToLandXml(a[0], a[1]); }
+Outcome aVELM2LandXML(Call& a) { return convertRuxoAlignmentToLandXml(a[0], a[1]); }
 
 template <ProfileReader read>
-Outcome profileToLandXml(Arguments& a) {
+Outcome profileToLandXml(Call& a) {
     ProfileRead profile = read(a[0]);
     if (!profile.outcome.ok()) return profile.outcome;
     return writeLandXmlProfile(profile.vertices, a[1]);
@@ -51,7 +51,7 @@ using SectionsReader = Outcome (*)(const std::string& path, const EachPoint& eac
 // The points of a cross-section file as a document whose surface is named
 // after entrada.
 template <SectionsReader read>
-Outcome sectionsToLandXml(const std::string& points, const Arguments& a) {
+Outcome sectionsToLandXml(const std::string& points, Call& a) {
     LandXmlSections sections;
     Outcome reading = read(points, [&](const SectionPointText& p) { sections.add(p); });
     if (!reading.ok()) return reading;
@@ -59,14 +59,14 @@ Outcome sectionsToLandXml(const std::string& points, const Arguments& a) {
 }
 
 template <FileConversion import>
-Outcome importedSectionsToLandXml(Arguments& a) {
+Outcome importedSectionsToLandXml(Call& a) {
     return chainThroughScratch(
-        [&](const std::string& temp) { return import(a[0], temp); },
+        a.settings, [&](const std::string& temp) { return import(a[0], temp); },
         [&](const std::string& temp) { return sectionsToLandXml<readRuxoSections>(temp, a); },
         ScratchAfter::removed);
 }
 
-Outcome travelm2landxml(Arguments& a) { return sectionsToLandXml<readCommaSections>(a[0], a); }
+Outcome travelm2landxml(Call& a) { return sectionsToLandXml<readCommaSections>(a[0], a); }
 
 const Conversion conversions[] = {
     {"travelm2landxml", travelm2landxml, HostResult::doneOrFailed},

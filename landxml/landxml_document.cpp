@@ -1,7 +1,6 @@
 #include "landxml/landxml_document.h"
 
-#include <cstdlib>
-
+#include "common/settings.h"
 #include "common/text_format.h"
 
 namespace quelcnv {
@@ -10,8 +9,7 @@ namespace {
 
 // A setting of the build, unless the environment gives another.
 std::string makerSetting(const char* variable, const char* configured) {
-    const char* value = std::getenv(variable);
-    return value != nullptr ? value : configured;
+    return environmentValue(variable).value_or(configured);
 }
 
 void writeHeaders(XmlWriter& writer, const std::tm& now) {

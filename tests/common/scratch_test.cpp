@@ -13,6 +13,7 @@
 #include <unistd.h>
 #endif
 
+#include "common/settings.h"
 #include "tests/test_support.h"
 
 namespace quelcnv {
@@ -20,11 +21,14 @@ namespace {
 
 namespace fs = std::filesystem;
 
+// The folder the environment names, as the host's calls take it.
+std::string configured() { return environmentSettings().scratchFolder; }
+
 class ScratchTest : public test::FolderTest {
 protected:
     bool readyWith(const std::string& directory) {
         test::ScopedEnv scratch("QUELCNV_SCRATCH", directory);
-        return ScratchSession().ready();
+        return ScratchSession(configured()).ready();
     }
 #ifndef _WIN32
     // Another open of the lock file stands for another process.
@@ -41,10 +45,10 @@ TEST_F(ScratchTest, AnotherThreadWaitsForTheSessionToEnd) {
     std::atomic<bool> entered = false;
     std::thread other;
     {
-        ScratchSession session;
+        ScratchSession session(configured());
         ASSERT_TRUE(session.ready());
         other = std::thread([&] {
-            ScratchSession theirs;
+            ScratchSession theirs(configured());
             entered = theirs.ready();
         });
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
@@ -54,17 +58,27 @@ TEST_F(ScratchTest, AnotherThreadWaitsForTheSessionToEnd) {
     EXPECT_TRUE(entered);
 }
 
+TEST_F(ScratchTest, SessionsInDifferentFoldersRunSideBySide) {
+    ScratchSession session(configured());
+    ASSERT_TRUE(session.ready());
+    fs::create_directory(file("other"));
+    std::string otherFolder = file("other");
+    bool entered = false;
+    std::thread([&] { entered = ScratchSession(otherFolder).ready(); }).join();
+    EXPECT_TRUE(entered);
+}
+
 #ifdef _WIN32
 
 TEST_F(ScratchTest, OriginalPathsUnlessTheEnvironmentNamesAFolder) {
     {
-        ScratchSession session;
+        ScratchSession session(configured());
         ASSERT_TRUE(session.ready());
         EXPECT_EQ(session.path(ScratchFile::chainTemp), file("scratch") + "\\temp.$$$");
         EXPECT_TRUE(fs::is_directory(file("scratch")));
     }
     test::ScopedEnv noScratch("QUELCNV_SCRATCH", std::nullopt);
-    ScratchSession session;
+    ScratchSession session(configured());
     ASSERT_TRUE(session.ready());
     EXPECT_EQ(session.path(ScratchFile::chainTemp), "c:\\temp.$$$");
     EXPECT_EQ(session.path(ScratchFile::localTemp), "temp.$$$");
@@ -76,7 +90,7 @@ TEST_F(ScratchTest, OriginalPathsUnlessTheEnvironmentNamesAFolder) {
 #else
 
 TEST_F(ScratchTest, FixedNamesInAPrivateDirectoryChosenByTheEnvironment) {
-    ScratchSession session;
+    ScratchSession session(configured());
     ASSERT_TRUE(session.ready());
     EXPECT_EQ(session.path(ScratchFile::chainTemp), scratchFile("temp.$$$"));
     EXPECT_EQ(session.path(ScratchFile::selectionList), scratchFile("$$$$.EJE"));
@@ -86,10 +100,11 @@ TEST_F(ScratchTest, FixedNamesInAPrivateDirectoryChosenByTheEnvironment) {
     test::ScopedEnv noScratch("QUELCNV_SCRATCH", std::nullopt);
     {
         test::ScopedEnv runtime("XDG_RUNTIME_DIR", dir_.string());
-        EXPECT_EQ(ScratchSession().path(ScratchFile::localTemp), file("quelcnv/temp.$$$"));
+        EXPECT_EQ(ScratchSession(configured()).path(ScratchFile::localTemp),
+                  file("quelcnv/temp.$$$"));
     }
     test::ScopedEnv noRuntime("XDG_RUNTIME_DIR", std::nullopt);
-    EXPECT_EQ(ScratchSession().path(ScratchFile::chainTemp),
+    EXPECT_EQ(ScratchSession(configured()).path(ScratchFile::chainTemp),
               "/tmp/quelcnv-" + std::to_string(geteuid()) + "/temp.$$$");
 }
 
@@ -111,11 +126,11 @@ TEST_F(ScratchTest, UnsafeDirectoriesAreRefused) {
 
 TEST_F(ScratchTest, LockIsHeldUntilTheOutermostSessionEnds) {
     {
-        ScratchSession outer;
+        ScratchSession outer(configured());
         ASSERT_TRUE(outer.ready());
         EXPECT_FALSE(otherProcessCanLock());
         // A nested session would wait for itself if it took the lock again.
-        EXPECT_TRUE(ScratchSession().ready());
+        EXPECT_TRUE(ScratchSession(configured()).ready());
         EXPECT_FALSE(otherProcessCanLock());
     }
     EXPECT_TRUE(otherProcessCanLock());
