@@ -136,30 +136,6 @@ int unreadable(const std::string& path) {
 
 }  // namespace
 
-std::string problemText(const Problem& problem) {
-    std::string line = std::to_string(problem.line);
-    switch (problem.kind) {
-        case ProblemKind::notText: return "no es un fichero de texto";
-        case ProblemKind::empty: return "está vacío";
-        case ProblemKind::malformedXml:
-            return "el documento XML no está bien formado (línea " + line + ")";
-        case ProblemKind::cutShort:
-            return "el documento XML se acaba antes de cerrarse (línea " + line + ")";
-        case ProblemKind::linesSkipped:
-            return std::to_string(problem.count) +
-                   (problem.count == 1 ? " línea no se lee" : " líneas no se leen") +
-                   " (la primera, la " + line + ")";
-        case ProblemKind::lastLineLost:
-            return "la última línea (" + line + ") no acaba en un salto de línea y no se lee";
-        case ProblemKind::allZero: return "todos los números leídos son cero";
-        case ProblemKind::nonMetricUnit:
-            return "declara la unidad lineal " + nameText(problem.detail) +
-                   "; las conversiones toman las coordenadas tal cual, como metros";
-        case ProblemKind::noData: return "no tiene ningún dato que convertir";
-    }
-    return "";
-}
-
 int runInfo(const std::string& path, bool json) {
     FileSummary summary = recogniseFile(path);
     if (!summary.opened) return unreadable(path);

@@ -17,7 +17,4 @@ int runInfo(const std::string& path, bool json);
 // (what was found up to there is listed), 3 the file cannot be read.
 int showContents(const std::string& path);
 
-// A problem found in a file, as a Spanish sentence (UTF-8).
-std::string problemText(const Problem& problem);
-
 }  // namespace quelcnv::cli

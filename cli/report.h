@@ -33,8 +33,4 @@ struct Report {
 Report reportOf(const Operation& op, const std::vector<std::string>& arguments,
                 const Outcome& outcome);
 
-// "12 secciones, 340 puntos", or "5 lineas" when nothing more is counted;
-// empty when nothing was written.
-std::string describeWritten(const Written& written);
-
 }  // namespace quelcnv::cli

@@ -142,12 +142,6 @@ std::string nameFromUser(std::string_view typed) {
 #endif
 }
 
-std::string nameText(std::string_view codePageName) {
-    return utf8Text(codePageCharacters(codePageName));
-}
-
-std::string pathText(std::string_view path) { return utf8Text(fileNameCharacters(path)); }
-
 std::string terminalText(std::string_view utf8) {
 #ifdef _WIN32
     UINT page = consoleCodePage();

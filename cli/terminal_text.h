@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+#include "frame/report_text.h"
+
 namespace quelcnv::cli {
 
 // The terminal's character encoding, as iconv names it ("UTF-8",
@@ -19,11 +21,6 @@ std::string terminalEncoding();
 // A name the user typed (an alignment, a profile, a surface), in the
 // library's code page, as the library compares it with a document's names.
 std::string nameFromUser(std::string_view typed);
-
-// UTF-8 for a message: a name in the library's code page, a file name as
-// the user gave it or the file system holds it.
-std::string nameText(std::string_view codePageName);
-std::string pathText(std::string_view path);
 
 // UTF-8 text as the terminal shows it. Where the terminal's encoding lacks
 // a character, an accented letter loses its accent ("línea" as "linea") and

@@ -12,6 +12,7 @@
 #                            every entry point, and the enumeration RotateDirection
 
 set(_quelcnv_idl_template "${CMAKE_CURRENT_LIST_DIR}/../frame/quelcnv.idl.in")
+set(_quelcnv_api_header "${CMAKE_CURRENT_LIST_DIR}/../include/quelcnv_api.h")
 
 # C type and IDL declaration of an argument, by its name (the type library's names).
 function(_quelcnv_argument name c_type_var idl_var)
@@ -127,6 +128,20 @@ function(quelcnv_generate_entry_points table out_dir)
   if(NOT count EQUAL 60)
     message(FATAL_ERROR "entry_points.txt lists ${count} entry points instead of 60")
   endif()
+
+  # The public API's functions, as its header declares them, leave the DLL
+  # under their own names beside the entry points.
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${_quelcnv_api_header}")
+  file(READ "${_quelcnv_api_header}" api_text)
+  string(REGEX MATCHALL "QUELCNV_PUBLIC[^;(]*\\(" declarations "${api_text}")
+  foreach(declaration IN LISTS declarations)
+    string(REGEX MATCH "quelcnv_[a-z0-9_]+[ \n]*\\($" function "${declaration}")
+    string(REGEX REPLACE "[ \n]*\\($" "" function "${function}")
+    if(function)
+      string(APPEND def "    ${function}\n")
+      string(APPEND stdcall_def "    ${function}\n")
+    endif()
+  endforeach()
 
   set(banner "// Generated from frame/entry_points.txt by cmake/entry_points.cmake; do not edit.\n")
   _quelcnv_write_if_changed("${out_dir}/entry_point_table.inc" "${banner}${rows}")

@@ -9,7 +9,8 @@ include(CMakePackageConfigHelpers)
 if(WIN32)
   install(TARGETS quelcnv RUNTIME DESTINATION . LIBRARY DESTINATION . ARCHIVE DESTINATION lib)
   install(TARGETS quelcnv_cli RUNTIME DESTINATION .)
-  install(FILES ${PROJECT_SOURCE_DIR}/include/quelcnv.h ${PROJECT_BINARY_DIR}/generated/quelcnv.def
+  install(FILES ${PROJECT_SOURCE_DIR}/include/quelcnv.h ${PROJECT_SOURCE_DIR}/include/quelcnv_api.h
+                ${PROJECT_BINARY_DIR}/generated/quelcnv.def
                 ${PROJECT_SOURCE_DIR}/doc/LEEME-windows.txt
           DESTINATION .)
   set(CPACK_GENERATOR ZIP)
@@ -25,7 +26,8 @@ else()
           LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
           INCLUDES DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   install(TARGETS quelcnv_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-  install(FILES ${PROJECT_SOURCE_DIR}/include/quelcnv.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+  install(FILES ${PROJECT_SOURCE_DIR}/include/quelcnv.h ${PROJECT_SOURCE_DIR}/include/quelcnv_api.h
+          DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
   install(FILES ${PROJECT_SOURCE_DIR}/doc/quelcnv.1 DESTINATION ${CMAKE_INSTALL_MANDIR}/man1)
   install(FILES ${PROJECT_SOURCE_DIR}/completions/quelcnv.bash
           DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME quelcnv)

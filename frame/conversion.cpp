@@ -93,6 +93,47 @@ bool isPathArgument(std::string_view name) {
            name == "pathAp" || name == "lecturas" || name == "puntos";
 }
 
+bool isInputArgument(std::string_view name) {
+    return name == "entrada" || name == "lecturas" || name == "puntos";
+}
+
+bool isOutputArgument(std::string_view name) {
+    return name == "salida" || name == "salida1" || name == "salida2";
+}
+
+namespace {
+
+constexpr bool returnsInteger_int = true;
+constexpr bool returnsInteger_none = false;
+
+#define QUELCNV_ENTRY(name, result, arguments, state, help) \
+    {#name, returnsInteger_##result, arguments, EntryState::state, help},
+constexpr EntryPoint entryTable[] = {
+#include "entry_point_table.inc"
+};
+#undef QUELCNV_ENTRY
+
+}  // namespace
+
+std::span<const EntryPoint> entryPoints() { return entryTable; }
+
+const EntryPoint* findEntryPoint(std::string_view name) {
+    for (const EntryPoint& entry : entryTable)
+        if (entry.name == name) return &entry;
+    return nullptr;
+}
+
+std::vector<std::string_view> entryArgumentNames(std::string_view name) {
+    const EntryPoint* entry = findEntryPoint(name);
+    std::string_view names = entry != nullptr ? entry->arguments : std::string_view();
+    std::vector<std::string_view> list;
+    while (!names.empty()) {
+        list.push_back(names.substr(0, names.find(' ')));
+        names.remove_prefix(std::min(names.size(), list.back().size() + 1));
+    }
+    return list;
+}
+
 EntryArgument argumentOf(const char* text) {
     if (text == nullptr) return {};
     return {std::string(text)};
@@ -102,45 +143,12 @@ EntryArgument argumentOf(int value) { return {std::to_string(value)}; }
 
 namespace {
 
-// The argument names of each entry point, from the table of entry points.
-struct EntryShape {
-    std::string_view name;
-    std::string_view arguments;
-};
-
-#define QUELCNV_ENTRY(name, result, arguments, state, help) {#name, arguments},
-constexpr EntryShape entryShapes[] = {
-#include "entry_point_table.inc"
-};
-#undef QUELCNV_ENTRY
-
-// The entry point's argument names, in order.
-std::vector<std::string_view> argumentNamesOf(std::string_view name) {
-    std::string_view names;
-    for (const EntryShape& shape : entryShapes)
-        if (shape.name == name) names = shape.arguments;
-    std::vector<std::string_view> list;
-    while (!names.empty()) {
-        list.push_back(names.substr(0, names.find(' ')));
-        names.remove_prefix(std::min(names.size(), list.back().size() + 1));
-    }
-    return list;
-}
-
 // Whether the host's buffers could have held every argument.
 bool areUsable(std::string_view name, const Arguments& texts) {
-    std::vector<std::string_view> names = argumentNamesOf(name);
+    std::vector<std::string_view> names = entryArgumentNames(name);
     for (std::size_t i = 0; i < texts.size() && i < names.size(); ++i)
         if (isPathArgument(names[i]) && texts[i].size() > maxPathLength) return false;
     return true;
-}
-
-bool isInputArgument(std::string_view name) {
-    return name == "entrada" || name == "lecturas" || name == "puntos";
-}
-
-bool isOutputArgument(std::string_view name) {
-    return name == "salida" || name == "salida1" || name == "salida2";
 }
 
 // The files one call reads and those it writes.
@@ -162,7 +170,7 @@ bool isScratchFile(const std::string& path, const std::string& scratchPath) {
 
 CallFiles filesOf(const Conversion& conversion, const Arguments& arguments) {
     CallFiles files;
-    std::vector<std::string_view> names = argumentNamesOf(conversion.name);
+    std::vector<std::string_view> names = entryArgumentNames(conversion.name);
     for (std::size_t i = 0; i < names.size() && i < arguments.size(); ++i) {
         if (isInputArgument(names[i])) files.read.push_back(arguments[i]);
         if (names[i] == "pathAp") files.read.push_back(hostSettingsPath(arguments[i]));

@@ -103,6 +103,26 @@ inline constexpr std::size_t maxPathLength = 255;
 // The arguments that name files (or the host's folder): entrada, salida,
 // salida1, salida2, pathAp, lecturas, puntos.
 bool isPathArgument(std::string_view name);
+// The files read (entrada, lecturas, puntos) and written (salida, salida1, salida2).
+bool isInputArgument(std::string_view name);
+bool isOutputArgument(std::string_view name);
+
+// What the table of entry points says of one.
+enum class EntryState { built, readsOnly, unavailable };
+struct EntryPoint {
+    std::string_view name;       // without "MyDll_"
+    bool returnsInteger;         // false for the entry points that return nothing
+    std::string_view arguments;  // argument names separated by blanks
+    EntryState state;
+    std::string_view help;  // Spanish, plain ASCII
+};
+
+// Every entry point, in the order of the type library.
+std::span<const EntryPoint> entryPoints();
+// The entry point of that name (exact spelling), or nullptr.
+const EntryPoint* findEntryPoint(std::string_view name);
+// Its argument names in order; none for an unknown name.
+std::vector<std::string_view> entryArgumentNames(std::string_view name);
 
 // An argument of an entry point as the host passes it: nothing for a NULL
 // text.

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Static checks of a Windows build of quelcnv.dll, read with the cross objdump:
-# - the export table holds exactly the 60 names of the table, undecorated;
+# - the export table holds exactly the 60 names of the table, undecorated,
+#   and the functions the public API's header declares;
 # - the DLL imports from Windows' own DLLs only (the C++ runtime is inside);
 # - with "stdcall" (the 32-bit DLL): every exported name leads to the code of
 #   the standard-call function MyDll_name@bytes, and every return in that code
@@ -24,8 +25,13 @@ awk '/^Export Address Table -- / { on = 1; next } on && /^$/ { on = 0 }
      on { gsub(/[][]/, " "); print $1, $4 }' "$work/headers" >"$work/export_addresses"
 image_base=$(awk '$1 == "ImageBase" { print $2 }' "$work/headers")
 
-if ! diff <(cut -d' ' -f1 "$work/table") <(cut -d' ' -f2 "$work/export_names" | sort); then
-    echo "the export table differs from the table of entry points (< table, > DLL)" >&2
+# the public API's functions, as its header declares them
+header=$(dirname "$table")/../include/quelcnv_api.h
+tr '\n' ' ' <"$header" | grep -oE 'QUELCNV_PUBLIC [^;(#]*\(' |
+    grep -oE 'quelcnv_[a-z0-9_]+ *\($' | tr -d ' (' >"$work/api"
+if ! diff <(cut -d' ' -f1 "$work/table"; sort "$work/api") \
+        <(cut -d' ' -f2 "$work/export_names" | sort); then
+    echo "the export table differs from the table of entry points and the API (< expected, > DLL)" >&2
     status=1
 fi
 

@@ -1,11 +1,13 @@
 // The export table is the interface the host binds to: exactly the 60 names
 // of frame/entry_points.txt, in the library, the module definition and the
-// C header. Then the entry points the frame builds, and those still pending.
+// C header, beside the functions the public API's header declares. Then the entry points the frame
+// builds, and those still pending.
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <regex>
 #include <set>
 
 #include "cli/operations.h"
@@ -29,6 +31,16 @@ std::vector<std::string> tableNames() {
     return names;
 }
 
+// The functions the public API's header declares.
+std::vector<std::string> apiNames() {
+    std::string header = test::readBytes(QUELCNV_SOURCE_DIR "/include/quelcnv_api.h");
+    std::regex declaration(R"(QUELCNV_PUBLIC [^;(#]*?\b(quelcnv_[a-z0-9_]+)\s*\()");
+    std::vector<std::string> names;
+    for (std::sregex_iterator it(header.begin(), header.end(), declaration), end; it != end; ++it)
+        names.push_back((*it)[1]);
+    return names;
+}
+
 TEST(Exports, LibraryDefinitionFileAndHeaderHoldExactlyTheTable) {
     std::vector<std::string> names = tableNames();
     ASSERT_EQ(std::set<std::string>(names.begin(), names.end()).size(), 60u);
@@ -43,14 +55,20 @@ TEST(Exports, LibraryDefinitionFileAndHeaderHoldExactlyTheTable) {
         exported.emplace(text.substr(text.rfind(' ') + 1, text.size() - text.rfind(' ') - 2));
     }
     ASSERT_EQ(pclose(nm), 0);
-    EXPECT_EQ(exported, std::set<std::string>(names.begin(), names.end()));
+    std::set<std::string> expected(names.begin(), names.end());
+    for (const std::string& name : apiNames()) expected.insert(name);
+    EXPECT_EQ(exported, expected);
 #endif
 
     std::ifstream def(QUELCNV_MODULE_DEFINITION);
-    std::vector<std::string> listed;
-    for (std::string word; def >> word;)
+    std::vector<std::string> listed, listedApi;
+    for (std::string word; def >> word;) {
         if (word.starts_with("MyDll_")) listed.push_back(word);
+        if (word.starts_with("quelcnv_")) listedApi.push_back(word);
+    }
     EXPECT_EQ(listed, names);
+    EXPECT_EQ(listedApi, apiNames());
+    EXPECT_GT(apiNames().size(), 30u);
     EXPECT_EQ(quelcnvEntryPointsSeenFromC(), 60);
 }
 

@@ -18,6 +18,7 @@ objdump -p "$library" | grep 'SONAME *libquelcnv\.so\.0$' >/dev/null
 test -L "$(dirname "$library")/libquelcnv.so.0"
 test -L "$(dirname "$library")/libquelcnv.so"
 test -f "$prefix/include/quelcnv.h"
+test -f "$prefix/include/quelcnv_api.h"
 test -x "$prefix/bin/quelcnv"
 test -f "$prefix/share/man/man1/quelcnv.1"
 test -f "$prefix/share/bash-completion/completions/quelcnv"
@@ -36,6 +37,12 @@ libdir="$(pkg-config --variable=libdir quelcnv)"
 cc -Wall -Werror -o "$work/con_pkg_config" "$source/tests/install/consumer.c" \
     $(pkg-config --cflags --libs quelcnv) -Wl,-rpath,"$libdir"
 "$work/con_pkg_config" "$sample" "$work/pkg-config.nev"
+# the public API's example, as README shows it, built as C against the install
+# shellcheck disable=SC2046
+cc -std=c11 -Wall -Wextra -Werror -o "$work/convert_example" "$source/tests/api/convert_example.c" \
+    $(pkg-config --cflags --libs quelcnv) -Wl,-rpath,"$libdir"
+"$work/convert_example" ruxo2nevo "$sample" "$work/api.nev" | grep -- '-> .*api.nev$' >/dev/null
+cmp "$work/pkg-config.nev" "$work/api.nev"
 
 cmake -S "$source/tests/install/consumer" -B "$work/cmake" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null
 cmake --build "$work/cmake" >/dev/null
