@@ -5,11 +5,14 @@
 
 namespace quelcnv {
 
-// Element types. Some importers keep other codes in `type` for the last
-// record, which starts no element.
-inline constexpr std::int32_t straightElement = 0;
-inline constexpr std::int32_t arcElement = 1;
-inline constexpr std::int32_t clothoidElement = 2;
+// The kinds of element of an alignment in plan.
+enum class ElementKind : std::int32_t { straight = 0, arc = 1, clothoid = 2 };
+
+// Element types as the records keep them. Some importers keep other codes in
+// `type` for the last record, which starts no element.
+inline constexpr std::int32_t straightElement = static_cast<std::int32_t>(ElementKind::straight);
+inline constexpr std::int32_t arcElement = static_cast<std::int32_t>(ElementKind::arc);
+inline constexpr std::int32_t clothoidElement = static_cast<std::int32_t>(ElementKind::clothoid);
 
 struct AlignmentRecord {
     std::int32_t type = straightElement;

@@ -86,4 +86,12 @@ int findElement(std::span<const AlignmentRecord> records, double station) {
     return -1;
 }
 
+double headingBetween(PlanePoint from, PlanePoint to) {
+    return std::atan2(to.x - from.x, to.y - from.y);
+}
+
+PlanePoint pointAtHeading(PlanePoint base, double distance, double heading) {
+    return {base.x + distance * std::sin(heading), base.y + distance * std::cos(heading)};
+}
+
 }  // namespace quelcnv

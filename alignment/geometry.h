@@ -23,6 +23,12 @@ double normalizeGrads(double angle);
 // The point at that distance from base along the azimuth.
 PlanePoint pointAlong(PlanePoint base, double distance, double azimuth);
 
+// The same with headings in radians, as the plan geometry evaluates them:
+// the heading from one point to another, and the point at a distance along
+// a heading.
+double headingBetween(PlanePoint from, PlanePoint to);
+PlanePoint pointAtHeading(PlanePoint base, double distance, double heading);
+
 struct ArcPoint {
     PlanePoint point;
     double azimuth = 0.0;

@@ -9,7 +9,8 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/plan_geometry.h"
+#include "alignment/nevo_alignment_reading.h"
+#include "alignment/plan_geometry.h"
 #include "crosssection/section_point.h"
 #include "fielddata/point_files.h"
 #include "frame/recognition.h"

@@ -36,9 +36,10 @@ void planStations(Page& page, Page& labels, const Mapping& m,
     auto [from, to] = hundreds(first, last);
     for (long k = from; k <= to; ++k) {
         double station = 100.0 * static_cast<double>(k);
-        PlanPose pose;
-        if (!poseAtStation(elements, station, pose)) continue;
-        double nx = std::cos(pose.azimuth), ny = -std::sin(pose.azimuth);  // to the left
+        std::optional<PlanPose> found = poseAtStation(elements, station);
+        if (!found) continue;
+        const PlanPose& pose = *found;
+        double nx = std::cos(pose.azimuth), ny = -std::sin(pose.azimuth);  // to the right
         PlanePoint a{pose.point.x - nx * half, pose.point.y - ny * half};
         PlanePoint b{pose.point.x + nx * half, pose.point.y + ny * half};
         page.polyline(m, {a, b},

@@ -10,10 +10,11 @@
 
 #include "alignment/geometry.h"
 #include "alignment/nevo_alignment.h"
+#include "alignment/nevo_alignment_reading.h"
+#include "alignment/plan_geometry.h"
 #include "alignment/ruxo_alignment_file.h"
 #include "cli/drawing.h"
 #include "cli/drawing_sources.h"
-#include "cli/plan_geometry.h"
 #include "cli/svg_drawing.h"
 #include "common/numbers.h"
 #include "tests/test_support.h"
@@ -30,62 +31,6 @@ std::vector<AlignmentRecord> sampleRecords() {
 void expectNear(PlanePoint actual, PlanePoint expected, double tolerance) {
     EXPECT_NEAR(actual.x, expected.x, tolerance);
     EXPECT_NEAR(actual.y, expected.y, tolerance);
-}
-
-TEST(PlanGeometry, ClothoidFollowsItsSeries) {
-    // Straight into a radius of 300 with A = 120 (L = 48), heading along y:
-    // x = L^3/6A^2 - L^7/336A^6 + L^11/42240A^10, y = L - L^5/40A^4 + L^9/3456A^8.
-    double a = 120.0, l = 48.0;
-    PlanElement e{ElementKind::clothoid, 0.0, {0.0, 0.0}, 0.0, 0.0, 1.0 / 300.0, l};
-    double across = std::pow(l, 3) / (6 * a * a) - std::pow(l, 7) / (336 * std::pow(a, 6)) +
-                    std::pow(l, 11) / (42240 * std::pow(a, 10));
-    double along =
-        l - std::pow(l, 5) / (40 * std::pow(a, 4)) + std::pow(l, 9) / (3456 * std::pow(a, 8));
-    PlanPose end = poseAt(e, l);
-    expectNear(end.point, {across, along}, 1e-7);
-    EXPECT_NEAR(end.azimuth, l / 600.0, 1e-12);
-    // Mirrored for a left turn.
-    e.k1 = -e.k1;
-    expectNear(poseAt(e, l).point, {-across, along}, 1e-7);
-}
-
-TEST(PlanGeometry, EveryElementEndsOnTheNextKeyPoint) {
-    std::vector<AlignmentRecord> records = sampleRecords();
-    std::vector<PlanElement> elements = elementsFromRecords(records);
-    ASSERT_EQ(elements.size(), records.size() - 1);
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        SCOPED_TRACE(i);
-        PlanPose end = poseAt(elements[i], elements[i].length);
-        expectNear(end.point, {records[i + 1].x, records[i + 1].y}, 0.002);
-        EXPECT_NEAR(normalizeGrads(end.azimuth * radiansToGrads), records[i + 1].azimuth, 2e-4);
-    }
-    // The arc's middle where the library's own arc evaluation puts it.
-    PlanPose middle;
-    ASSERT_TRUE(poseAtStation(elements, 248.0, middle));
-    expectNear(middle.point, pointOnArc(records[2], 248.0).point, 0.001);
-}
-
-class NevoFormsDrawn : public test::FolderTest {};
-
-TEST_F(NevoFormsDrawn, BothFormsGiveBackTheRuxoAlignment) {
-    std::string elementsFile = file("elementos.nev");
-    std::string pointsFile = file("vertices.nev");
-    ASSERT_TRUE(writeElementForm(sampleAlignment, elementsFile).ok());
-    ASSERT_TRUE(writeIntersectionForm(sampleAlignment, pointsFile).outcome.ok());
-    std::vector<PlanElement> expected = elementsFromRecords(sampleRecords());
-    // The intersection points carry the geometry to 4 decimals only, and the
-    // sample's key points are rounded to 3: a few millimetres apart.
-    for (auto [path, tolerance] : {std::pair{elementsFile, 0.002}, std::pair{pointsFile, 0.005}}) {
-        SCOPED_TRACE(path);
-        std::vector<PlanElement> read = readNevoAlignment(path);
-        ASSERT_EQ(read.size(), expected.size());
-        for (std::size_t i = 0; i < read.size(); ++i) {
-            EXPECT_EQ(read[i].kind, expected[i].kind);
-            EXPECT_NEAR(read[i].station, expected[i].station, tolerance);
-            expectNear(read[i].start, expected[i].start, tolerance);
-            EXPECT_NEAR(read[i].k1, expected[i].k1, 1e-9);
-        }
-    }
 }
 
 // The shapes of an SVG drawing in true coordinates: each polyline's class,

@@ -1,4 +1,4 @@
-#include "cli/plan_geometry.h"
+#include "alignment/nevo_alignment_reading.h"
 
 #include <algorithm>
 #include <array>
@@ -11,50 +11,15 @@
 #include "common/line_reader.h"
 #include "common/tokenizer.h"
 
-namespace quelcnv::cli {
+namespace quelcnv {
 
 namespace {
 
-constexpr double simpsonStep = 1.0;
-constexpr std::size_t maxLines = 10000;  // far more elements than any road has  // metres;
-                                         // curvatures of road design keep this exact to 1e-9 m
-
-double headingAt(const PlanElement& e, double s) {
-    double bend = e.length > 0.0 ? (e.k1 - e.k0) * s * s / (2.0 * e.length) : 0.0;
-    return e.azimuth + e.k0 * s + bend;
-}
-
-// The pose moved from distance a to distance b along the element, one
-// Simpson panel.
-PlanPose advance(const PlanElement& e, PlanPose pose, double a, double b) {
-    double h = b - a;
-    double t0 = headingAt(e, a), tm = headingAt(e, (a + b) / 2.0), t1 = headingAt(e, b);
-    pose.point.x += h / 6.0 * (std::sin(t0) + 4.0 * std::sin(tm) + std::sin(t1));
-    pose.point.y += h / 6.0 * (std::cos(t0) + 4.0 * std::cos(tm) + std::cos(t1));
-    pose.azimuth = t1;
-    return pose;
-}
-
-// Steps of a metre, at most 5000 to an element: a hostile file of huge
-// elements must not hang the drawing.
-int stepsFor(double length) {
-    if (!(length > simpsonStep)) return 1;
-    return static_cast<int>(std::ceil(std::min(length / simpsonStep, 5000.0)));
-}
-
-double curvatureOf(double radius) { return radius != 0.0 ? 1.0 / radius : 0.0; }
+constexpr std::size_t maxLines = 10000;  // far more elements than any road has
 
 double turningOf(const PlanElement& e) { return e.length * (e.k0 + e.k1) / 2.0; }
 
-double directionOf(PlanePoint from, PlanePoint to) {
-    return std::atan2(to.x - from.x, to.y - from.y);
-}
-
-double distance(PlanePoint a, PlanePoint b) { return std::hypot(b.x - a.x, b.y - a.y); }
-
-PlanePoint along(PlanePoint p, double length, double azimuth) {
-    return {p.x + length * std::sin(azimuth), p.y + length * std::cos(azimuth)};
-}
+double distanceBetween(PlanePoint a, PlanePoint b) { return std::hypot(b.x - a.x, b.y - a.y); }
 
 // The words of a NEVO alignment line: its keyword, then its numbers.
 struct NevoLine {
@@ -164,8 +129,9 @@ class ElementChain {
 public:
     ElementChain(double station, PlanePoint start) : station_(station), at_(start) {}
     void straightTo(PlanePoint end) {
-        double length = distance(at_, end);
-        if (length > 0.0) add({ElementKind::straight, 0, at_, directionOf(at_, end), 0, 0, length});
+        double length = distanceBetween(at_, end);
+        if (length > 0.0)
+            add({ElementKind::straight, 0, at_, headingBetween(at_, end), 0, 0, length});
         at_ = end;
     }
     PlanPose curve(ElementKind kind, double azimuth, double k0, double k1, double length) {
@@ -204,8 +170,8 @@ std::vector<PlanElement> intersectionForm(const std::vector<NevoLine>& lines, do
     }
     ElementChain chain(station, start);
     for (std::size_t i = 1; i + 1 < vertices.size(); ++i) {
-        double in = directionOf(vertices[i - 1], vertices[i]);
-        double out = directionOf(vertices[i], vertices[i + 1]);
+        double in = headingBetween(vertices[i - 1], vertices[i]);
+        double out = headingBetween(vertices[i], vertices[i + 1]);
         double turn = std::remainder(out - in, 2.0 * std::numbers::pi);
         auto [r, a1, a2] = curves[i];
         auto fit = cornerCurve(std::abs(turn), r, a1, a2);
@@ -214,72 +180,17 @@ std::vector<PlanElement> intersectionForm(const std::vector<NevoLine>& lines, do
             continue;
         }
         double k = (turn > 0.0 ? 1.0 : -1.0) / r;
-        chain.straightTo(along(vertices[i], -fit->t1, in));
+        chain.straightTo(pointAtHeading(vertices[i], -fit->t1, in));
         PlanPose pose = chain.curve(ElementKind::clothoid, in, 0.0, k, fit->l1);
         pose = chain.curve(ElementKind::arc, pose.azimuth, k, k, fit->arc);
         chain.curve(ElementKind::clothoid, pose.azimuth, k, 0.0, fit->l2);
-        chain.jumpTo(along(vertices[i], fit->t2, out));
+        chain.jumpTo(pointAtHeading(vertices[i], fit->t2, out));
     }
     if (vertices.size() > 1) chain.straightTo(vertices.back());
     return chain.take();
 }
 
 }  // namespace
-
-PlanPose poseAt(const PlanElement& element, double s) {
-    PlanPose pose{element.start, element.azimuth};
-    int steps = stepsFor(s);
-    for (int i = 0; i < steps; ++i)
-        pose = advance(element, pose, s * i / steps, s * (i + 1) / steps);
-    return pose;
-}
-
-std::vector<PlanePoint> samplePoints(const PlanElement& element, double spacing) {
-    std::vector<PlanePoint> points{element.start};
-    int steps = element.kind == ElementKind::straight ? 1 : stepsFor(element.length / spacing);
-    PlanPose pose{element.start, element.azimuth};
-    for (int i = 0; i < steps; ++i) {
-        pose = advance(element, pose, element.length * i / steps, element.length * (i + 1) / steps);
-        points.push_back(pose.point);
-    }
-    return points;
-}
-
-bool poseAtStation(const std::vector<PlanElement>& elements, double station, PlanPose& pose) {
-    for (const PlanElement& e : elements) {
-        if (station >= e.station && station <= e.station + e.length) {
-            pose = poseAt(e, station - e.station);
-            return true;
-        }
-    }
-    return false;
-}
-
-std::vector<PlanElement> elementsFromRecords(const std::vector<AlignmentRecord>& records) {
-    std::vector<PlanElement> elements;
-    double curvature = 0.0;
-    for (std::size_t i = 0; i + 1 < records.size(); ++i) {
-        const AlignmentRecord& r = records[i];
-        PlanElement e{ElementKind::straight,
-                      r.station,
-                      {r.x, r.y},
-                      r.azimuth * gradsToRadians,
-                      0.0,
-                      0.0,
-                      records[i + 1].station - r.station};
-        if (r.type == clothoidElement) {
-            e.kind = ElementKind::clothoid;
-            e.k0 = curvature;
-            e.k1 = curvatureOf(r.radius);
-        } else if (r.type == arcElement && r.radius != 0.0) {
-            e.kind = ElementKind::arc;
-            e.k0 = e.k1 = curvatureOf(r.radius);
-        }
-        curvature = e.k1;
-        if (e.length > 0.0 && std::isfinite(e.length)) elements.push_back(e);
-    }
-    return elements;
-}
 
 std::vector<PlanElement> readNevoAlignment(const std::string& path) {
     std::vector<NevoLine> lines = readNevoLines(path);
@@ -291,4 +202,4 @@ std::vector<PlanElement> readNevoAlignment(const std::string& path) {
     return elementForm(lines, station, start);
 }
 
-}  // namespace quelcnv::cli
+}  // namespace quelcnv
