@@ -6,6 +6,7 @@
 
 #include "cli/svg_drawing_page.h"
 #include "common/output_file.h"
+#include "profile/profile_evaluation.h"
 
 namespace quelcnv::cli {
 
@@ -124,31 +125,29 @@ struct ProfilePieces {
 
 ProfilePieces profilePieces(const Profile& v) {
     ProfilePieces pieces;
+    std::vector<VerticalCurve> curves = verticalCurves(v);
     // A point a metre, or fewer when the curves run over 200 km in all (a
     // file of nonsense tangents).
-    double curves = 0.0;
-    for (const ProfileVertex& vertex : v)
-        if (vertex.tangent > 0.0) curves += std::min(2.0 * vertex.tangent, 1e9);
-    double spacing = std::max(1.0, curves / 200000.0);
+    double total = 0.0;
+    for (const VerticalCurve& curve : curves) total += std::min(curve.length, 1e9);
+    double spacing = std::max(1.0, total / 200000.0);
     PlanePoint at{v.front().station, v.front().elevation};
+    auto curve = curves.begin();
     for (std::size_t i = 1; i + 1 < v.size(); ++i) {
-        double t = v[i].tangent;
-        double g1 = gradeBetween(v[i - 1], v[i]), g2 = gradeBetween(v[i], v[i + 1]);
-        if (!(t > 0.0) || !std::isfinite(t) || std::abs(g1) >= verticalGrade ||
-            std::abs(g2) >= verticalGrade) {
+        if (curve == curves.end() || curve->vertex != i) {
             pieces.grades.push_back({at, {v[i].station, v[i].elevation}});
             at = {v[i].station, v[i].elevation};
             continue;
         }
-        PlanePoint begin{v[i].station - t, v[i].elevation - g1 * t};
-        pieces.grades.push_back({at, begin});
-        int steps = static_cast<int>(std::clamp(std::ceil(2.0 * t / spacing), 16.0, 2000.0));
-        auto& curve = pieces.curves.emplace_back();
+        pieces.grades.push_back({at, {curve->startStation, curve->startElevation}});
+        int steps = static_cast<int>(std::clamp(std::ceil(curve->length / spacing), 16.0, 2000.0));
+        auto& points = pieces.curves.emplace_back();
         for (int k = 0; k <= steps; ++k) {
-            double d = 2.0 * t * k / steps;
-            curve.push_back({begin.x + d, begin.y + g1 * d + (g2 - g1) * d * d / (4.0 * t)});
+            double station = curve->startStation + curve->length * k / steps;
+            points.push_back({station, curve->elevationAt(station)});
         }
-        at = curve.back();
+        at = points.back();
+        ++curve;
     }
     pieces.grades.push_back({at, {v.back().station, v.back().elevation}});
     return pieces;
