@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "cli/drawing_sources.h"
+#include "frame/file_models.h"
 #include "frame/recognition.h"
 
 namespace quelcnv::cli {
@@ -24,14 +24,5 @@ struct DrawingRequest {
 // a request that cannot be drawn as asked (an output that is not .svg, a
 // type that is no kind drawn or that contradicts the LandXML option given).
 int runDrawing(const DrawingRequest& request);
-
-// What the file the summary describes gives to draw, as the kind asked for
-// or, when none is asked, as the kind recognised. Refused without a kind
-// asked: a file whose format is unknown or only possible, or of a kind that
-// is not drawn. With a kind asked: read in the recognised format when it is
-// of that kind, else in the kind's plain formats. The problem is a whole
-// sentence naming the file ("nada que dibujar en eje.txt: ...").
-DrawingSource readDrawingSource(const std::string& path, const FileSummary& summary,
-                                std::optional<DataKind> asked, const LandXmlChoice& choice);
 
 }  // namespace quelcnv::cli

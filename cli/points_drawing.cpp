@@ -20,7 +20,7 @@ void pointDots(Page& page, const Mapping& m, const std::vector<NamedPoint>& poin
 
 }  // namespace
 
-std::string pointsSvg(const DrawingContent& content) {
+std::string pointsSvg(const FileModel& content) {
     Page page(content.unit);
     Box box;
     for (const NamedPoint& p : content.points) box.add(PlanePoint{p.x, p.y});

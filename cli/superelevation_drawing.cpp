@@ -59,7 +59,7 @@ void fallLines(Page& page, const Mapping& m, const std::vector<SuperelevationRow
 
 }  // namespace
 
-std::string superelevationSvg(const DrawingContent& content) {
+std::string superelevationSvg(const FileModel& content) {
     Page page(content.unit);
     Box box;
     Mapping m = diagramMapping(content.superelevation, box);

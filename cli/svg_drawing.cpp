@@ -54,8 +54,7 @@ void planStations(Page& page, Page& labels, const Mapping& m,
 
 // Each element's points: a point a metre, or fewer on alignments of more
 // than 200 km of curves.
-std::vector<std::vector<std::vector<PlanePoint>>> planSamples(const DrawingContent& content,
-                                                              Box& box) {
+std::vector<std::vector<std::vector<PlanePoint>>> planSamples(const FileModel& content, Box& box) {
     double curved = 0.0;
     for (const NamedAlignment& alignment : content.alignments)
         for (const PlanElement& e : alignment.elements)
@@ -95,7 +94,7 @@ void planAlignment(Page& page, const Mapping& m, const NamedAlignment& alignment
 
 }  // namespace
 
-std::string planSvg(const DrawingContent& content) {
+std::string planSvg(const FileModel& content) {
     Page page(content.unit);
     Box box;
     auto samples = planSamples(content, box);
@@ -188,7 +187,7 @@ void profileLines(Page& page, const Mapping& m, const Profile& v, const ProfileP
 
 }  // namespace
 
-std::string profileSvg(const DrawingContent& content) {
+std::string profileSvg(const FileModel& content) {
     Page page(content.unit);
     const Profile& v = content.profile;
     ProfilePieces pieces = profilePieces(v);
@@ -289,7 +288,7 @@ void sectionPanel(Page& page, const PanelLayout& layout, std::size_t i,
 // Every section on one scale, undistorted; the offsets line up from panel
 // to panel (offset 0, the alignment, at the same place in each) and each
 // panel has its own height datum.
-std::string sectionsSvg(const DrawingContent& content) {
+std::string sectionsSvg(const FileModel& content) {
     Page page(content.unit);
     PanelLayout layout = panelLayout(content.sections);
     for (std::size_t i = 0; i < layout.count; ++i)
@@ -338,18 +337,18 @@ std::string stationLabelIn(double station, std::string_view unit, int decimals) 
                             : stationLabel(station, decimals);
 }
 
-std::string svgDrawing(const DrawingContent& content) {
+std::string svgDrawing(const FileModel& content) {
     switch (content.kind) {
-        case DrawingKind::profile: return svg::profileSvg(content);
-        case DrawingKind::superelevation: return svg::superelevationSvg(content);
-        case DrawingKind::sections: return svg::sectionsSvg(content);
-        case DrawingKind::points: return svg::pointsSvg(content);
-        case DrawingKind::plan: break;
+        case ModelKind::profile: return svg::profileSvg(content);
+        case ModelKind::superelevation: return svg::superelevationSvg(content);
+        case ModelKind::sections: return svg::sectionsSvg(content);
+        case ModelKind::points: return svg::pointsSvg(content);
+        case ModelKind::plan: break;
     }
     return svg::planSvg(content);
 }
 
-Outcome writeSvgDrawing(const DrawingContent& content, const std::string& path) {
+Outcome writeSvgDrawing(const FileModel& content, const std::string& path) {
     std::string svg = svgDrawing(content);
     return writeWholeFile(path, [&svg](OutputFile& out) { out.write(svg); });
 }

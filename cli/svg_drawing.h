@@ -13,16 +13,16 @@
 #include <string>
 #include <string_view>
 
-#include "cli/drawing_sources.h"
 #include "common/outcome.h"
+#include "frame/file_models.h"
 
 namespace quelcnv::cli {
 
 // The SVG text of the drawing.
-std::string svgDrawing(const DrawingContent& content);
+std::string svgDrawing(const FileModel& content);
 
 // Writes it to path, leaving no partial file behind.
-Outcome writeSvgDrawing(const DrawingContent& content, const std::string& path);
+Outcome writeSvgDrawing(const FileModel& content, const std::string& path);
 
 // "0+100", "12+345.600": a station as kilometres and metres.
 std::string stationLabel(double station, int decimals = 0);

@@ -152,7 +152,7 @@ std::string Page::station(double at, int decimals) const {
     return stationLabelIn(at, unit_, decimals);
 }
 
-std::string Page::finish(const DrawingContent& content, const std::string& subject) const {
+std::string Page::finish(const FileModel& content, const std::string& subject) const {
     double height = bottom + 30;
     std::string head =
         "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"

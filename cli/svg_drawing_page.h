@@ -10,8 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "cli/drawing_sources.h"
 #include "common/plane.h"
+#include "frame/file_models.h"
 #include "landxml/xml_writer.h"
 
 namespace quelcnv::cli::svg {
@@ -105,7 +105,7 @@ public:
     const std::string& unit() const { return unit_; }
 
     // The whole SVG document: the page with its title above what was drawn.
-    std::string finish(const DrawingContent& content, const std::string& subject) const;
+    std::string finish(const FileModel& content, const std::string& subject) const;
 
 private:
     std::string unit_;
@@ -120,10 +120,10 @@ long labelEvery(double pixelsPerUnit);
 std::pair<long, long> hundreds(double first, double last);
 
 // The drawings of each kind, as whole SVG documents.
-std::string planSvg(const DrawingContent& content);
-std::string profileSvg(const DrawingContent& content);
-std::string superelevationSvg(const DrawingContent& content);
-std::string sectionsSvg(const DrawingContent& content);
-std::string pointsSvg(const DrawingContent& content);
+std::string planSvg(const FileModel& content);
+std::string profileSvg(const FileModel& content);
+std::string superelevationSvg(const FileModel& content);
+std::string sectionsSvg(const FileModel& content);
+std::string pointsSvg(const FileModel& content);
 
 }  // namespace quelcnv::cli::svg

@@ -14,9 +14,9 @@
 #include "alignment/plan_geometry.h"
 #include "alignment/ruxo_alignment_file.h"
 #include "cli/drawing.h"
-#include "cli/drawing_sources.h"
 #include "cli/svg_drawing.h"
 #include "common/numbers.h"
+#include "frame/file_models.h"
 #include "tests/test_support.h"
 
 namespace quelcnv::cli {
@@ -79,15 +79,15 @@ std::string attribute(const std::string& svg, const std::string& name) {
 }
 
 // What the command draws of a file, as the kind asked for or as recognised.
-DrawingSource sourceOf(const std::string& path, std::optional<DataKind> asked = std::nullopt,
-                       const LandXmlChoice& choice = {}) {
-    return readDrawingSource(path, recogniseFile(path), asked, choice);
+ModelSource sourceOf(const std::string& path, std::optional<DataKind> asked = std::nullopt,
+                     const LandXmlChoice& choice = {}) {
+    return openFileModel(path, recogniseFile(path), asked, choice);
 }
 
-DrawingContent drawn(const std::string& relative) {
-    DrawingSource source = sourceOf(std::string(QUELCNV_SAMPLES) + relative);
-    EXPECT_TRUE(source.content) << source.problem;
-    return source.content.value_or(DrawingContent{});
+FileModel drawn(const std::string& relative) {
+    ModelSource source = sourceOf(std::string(QUELCNV_SAMPLES) + relative);
+    EXPECT_TRUE(source.model) << source.problem;
+    return source.model.value_or(FileModel{});
 }
 
 TEST(Drawing, PlanKeepsKeyPointsStationsAndScale) {
@@ -161,13 +161,13 @@ TEST(Drawing, StationLabels) {
 }
 
 // How much a drawing holds: elements, vertices, rows, sections or points.
-std::size_t countOf(const DrawingContent& content) {
+std::size_t countOf(const FileModel& content) {
     switch (content.kind) {
-        case DrawingKind::profile: return content.profile.size();
-        case DrawingKind::superelevation: return content.superelevation.size();
-        case DrawingKind::sections: return content.sections.size();
-        case DrawingKind::points: return content.points.size();
-        case DrawingKind::plan: break;
+        case ModelKind::profile: return content.profile.size();
+        case ModelKind::superelevation: return content.superelevation.size();
+        case ModelKind::sections: return content.sections.size();
+        case ModelKind::points: return content.points.size();
+        case ModelKind::plan: break;
     }
     std::size_t elements = 0;
     for (const NamedAlignment& a : content.alignments) elements += a.elements.size();
@@ -177,27 +177,27 @@ std::size_t countOf(const DrawingContent& content) {
 // What a file should give: a drawing of a kind holding so much, or a refusal
 // saying this.
 struct Expected {
-    std::optional<DrawingKind> kind;
+    std::optional<ModelKind> kind;
     std::size_t count = 0;
     std::string refusal;
 };
 
-Expected drawing(DrawingKind kind, std::size_t count) { return {kind, count, ""}; }
+Expected drawing(ModelKind kind, std::size_t count) { return {kind, count, ""}; }
 Expected refused(std::string says) { return {std::nullopt, 0, std::move(says)}; }
 
-void expectGives(const DrawingSource& source, const Expected& expected) {
+void expectGives(const ModelSource& source, const Expected& expected) {
     if (!expected.kind) {
-        EXPECT_FALSE(source.content);
+        EXPECT_FALSE(source.model);
         EXPECT_NE(source.problem.find(expected.refusal), std::string::npos) << source.problem;
         return;
     }
-    ASSERT_TRUE(source.content) << source.problem;
-    EXPECT_EQ(source.content->kind, *expected.kind);
-    EXPECT_EQ(countOf(*source.content), expected.count);
+    ASSERT_TRUE(source.model) << source.problem;
+    EXPECT_EQ(source.model->kind, *expected.kind);
+    EXPECT_EQ(countOf(*source.model), expected.count);
 }
 
 TEST(DrawingSamples, EverySampleIsDrawnAsItsOwnKindOrRefused) {
-    using K = DrawingKind;
+    using K = ModelKind;
     const std::map<std::string, Expected> samples = {
         {"alignment/eje.htr", refused("no convierte los ejes HTRAZADO")},
         {"alignment/eje.ispol", drawing(K::plan, 4)},
@@ -272,9 +272,9 @@ const std::string drawingData = std::string(QUELCNV_TEST_DATA) + "/drawing/";
 TEST(DrawingSamples, LookalikesAreDrawnAsWhatTheyAreOrRefused) {
     const std::string samples = QUELCNV_SAMPLES;
     const std::pair<std::string, Expected> cases[] = {
-        {samples + "/profile/peralte.clip", drawing(DrawingKind::superelevation, 5)},
-        {samples + "/fielddata/puntos.txt", drawing(DrawingKind::points, 5)},
-        {samples + "/crosssection/eje.istram", drawing(DrawingKind::sections, 2)},
+        {samples + "/profile/peralte.clip", drawing(ModelKind::superelevation, 5)},
+        {samples + "/fielddata/puntos.txt", drawing(ModelKind::points, 5)},
+        {samples + "/crosssection/eje.istram", drawing(ModelKind::sections, 2)},
         {drawingData + "peralte_desordenado.txt",
          refused("(quizá rasante de PK, cota y longitud de acuerdo): dígalo con --tipo")},
         {drawingData + "puntos_repetidos.txt", refused("(quizá lista de puntos): dígalo con")},
@@ -286,11 +286,11 @@ TEST(DrawingSamples, LookalikesAreDrawnAsWhatTheyAreOrRefused) {
     }
     // The CLIP table's rows through its importer, the second cross-fall's
     // sign changed; the names of the points as written, P12 too.
-    DrawingContent superelevation = drawn("/profile/peralte.clip");
+    FileModel superelevation = drawn("/profile/peralte.clip");
     EXPECT_EQ(superelevation.superelevation[2].station, 80.0);
     EXPECT_EQ(superelevation.superelevation[2].firstFall, -3.5);
     EXPECT_EQ(superelevation.superelevation[2].secondFall, -3.5);
-    DrawingContent points = drawn("/fielddata/puntos.txt");
+    FileModel points = drawn("/fielddata/puntos.txt");
     EXPECT_EQ(points.points[4].name, "P12");
     EXPECT_EQ(points.points[0].x, 312045.125);
     EXPECT_EQ(points.points[0].y, 4500123.25);
@@ -307,15 +307,15 @@ TEST(DrawingSamples, TheKindAskedForIsTheKindDrawn) {
     const Case cases[] = {
         // Recognised of another kind, or not surely: the kind's plain formats.
         {drawingData + "peralte_desordenado.txt", DataKind::superelevation,
-         drawing(DrawingKind::superelevation, 3)},
-        {samples + "/profile/peralte.clip", DataKind::profile, drawing(DrawingKind::profile, 5)},
+         drawing(ModelKind::superelevation, 3)},
+        {samples + "/profile/peralte.clip", DataKind::profile, drawing(ModelKind::profile, 5)},
         {samples + "/fielddata/puntos.txt", DataKind::crossSections,
-         drawing(DrawingKind::sections, 5)},
+         drawing(ModelKind::sections, 5)},
         {samples + "/fielddata/puntos.txt", DataKind::alignment,
          refused("leído como eje, no hay ningún elemento de eje")},
         // Recognised of that kind, if only possibly: its own format.
-        {drawingData + "puntos_repetidos.txt", DataKind::points, drawing(DrawingKind::points, 3)},
-        {samples + "/alignment/eje.istram", DataKind::alignment, drawing(DrawingKind::plan, 5)},
+        {drawingData + "puntos_repetidos.txt", DataKind::points, drawing(ModelKind::points, 3)},
+        {samples + "/alignment/eje.istram", DataKind::alignment, drawing(ModelKind::plan, 5)},
         {samples + "/fielddata/nivelacion.dat", DataKind::alignment,
          refused("leído como eje, no hay ningún elemento de eje")},
     };
@@ -324,11 +324,10 @@ TEST(DrawingSamples, TheKindAskedForIsTheKindDrawn) {
         expectGives(sourceOf(c.path, c.asked), c.expected);
     }
     // The unsorted table read as the superelevation file, rows as they stand.
-    DrawingSource table =
-        sourceOf(drawingData + "peralte_desordenado.txt", DataKind::superelevation);
-    ASSERT_TRUE(table.content);
-    EXPECT_EQ(table.content->superelevation[1].station, 80.0);
-    EXPECT_EQ(table.content->superelevation[1].secondFall, 3.5);
+    ModelSource table = sourceOf(drawingData + "peralte_desordenado.txt", DataKind::superelevation);
+    ASSERT_TRUE(table.model);
+    EXPECT_EQ(table.model->superelevation[1].station, 80.0);
+    EXPECT_EQ(table.model->superelevation[1].secondFall, 3.5);
 }
 
 class DrawingRefusal : public test::FolderTest {};
@@ -353,7 +352,7 @@ TEST_F(DrawingRefusal, UnknownFilesAreRefusedWithTheWayOut) {
 TEST(DrawingLandXml, KindsAndChoicesOfADocument) {
     const std::string obra = std::string(QUELCNV_SAMPLES) + "/landxml/obra.xml";
     const std::pair<std::optional<DataKind>, Expected> cases[] = {
-        {DataKind::alignment, drawing(DrawingKind::plan, 9)},
+        {DataKind::alignment, drawing(ModelKind::plan, 9)},
         {DataKind::profile, refused("el documento tiene 2 rasantes: elija una con --rasante")},
         {DataKind::superelevation,
          refused("se dibujan ejes, rasantes o transversales, no peralte")},
@@ -365,7 +364,7 @@ TEST(DrawingLandXml, KindsAndChoicesOfADocument) {
     }
     LandXmlChoice profile;
     profile.profile = "Eje 1: Rasante 1";
-    expectGives(sourceOf(obra, DataKind::profile, profile), drawing(DrawingKind::profile, 4));
+    expectGives(sourceOf(obra, DataKind::profile, profile), drawing(ModelKind::profile, 4));
     LandXmlChoice nobody;
     nobody.alignment = "Nadie";
     expectGives(sourceOf(obra, std::nullopt, nobody), refused("no tiene el eje \"Nadie\""));
@@ -375,10 +374,10 @@ TEST(DrawingLandXml, KindsAndChoicesOfADocument) {
 }
 
 TEST(DrawingLandXml, ADocumentInFeetIsLabelledInFeet) {
-    DrawingSource source = sourceOf(drawingData + "pies.xml");
-    ASSERT_TRUE(source.content) << source.problem;
-    EXPECT_EQ(source.content->unit, "pies");
-    std::string svg = svgDrawing(*source.content);
+    ModelSource source = sourceOf(drawingData + "pies.xml");
+    ASSERT_TRUE(source.model) << source.problem;
+    EXPECT_EQ(source.model->unit, "pies");
+    std::string svg = svgDrawing(*source.model);
     EXPECT_EQ(attribute(svg, "data-unidad"), "pies");
     EXPECT_NE(svg.find(" pies</text>"), std::string::npos);  // the scale bar
     EXPECT_NE(svg.find(">PK cada 100 pies</text>"), std::string::npos);
@@ -389,7 +388,7 @@ TEST(DrawingLandXml, ADocumentInFeetIsLabelledInFeet) {
 }
 
 TEST(Drawing, SuperelevationKeepsItsRowsAndTheZeroLine) {
-    DrawingContent content = drawn("/profile/peralte.ispol");
+    FileModel content = drawn("/profile/peralte.ispol");
     std::string svg = svgDrawing(content);
     std::vector<Shape> shapes = shapesOf(svg);
     for (auto [side, first] : {std::pair{"primero", true}, std::pair{"segundo", false}}) {
@@ -411,7 +410,7 @@ TEST(Drawing, SuperelevationKeepsItsRowsAndTheZeroLine) {
 }
 
 TEST(Drawing, PointsStandWhereTheyAreWithTheirNames) {
-    DrawingContent content = drawn("/fielddata/puntos.txt");
+    FileModel content = drawn("/fielddata/puntos.txt");
     std::string svg = svgDrawing(content);
     PlanePoint origin{parseNumber(attribute(svg, "data-origen-x")),
                       parseNumber(attribute(svg, "data-origen-y"))};

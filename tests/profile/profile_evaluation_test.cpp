@@ -11,18 +11,15 @@ namespace {
 
 // Up 2 % to a crest at 100 with a 40 m curve, down 2 % to 200, then up 5 %
 // to 300 through a vertex that carries no curve.
-const Profile crest = {{0, 100},
-                       {100, 102, 1000, 20, 0.2},
-                       {200, 100},
-                       {300, 105}};
+const Profile crest = {{0, 100}, {100, 102, 1000, 20, 0.2}, {200, 100}, {300, 105}};
 
 TEST(ProfileEvaluation, GradesAndTheParabolaBetweenThem) {
     struct Case {
         double station, elevation, grade;
     };
-    const Case cases[] = {{0, 100, 0.02},        {50, 101, 0.02},         {80, 101.6, 0.02},
-                          {100, 101.8, 0.0},      {110, 101.75, -0.01},    {120, 101.6, -0.02},
-                          {150, 101, -0.02},      {250, 102.5, 0.05},      {300, 105, 0.05}};
+    const Case cases[] = {{0, 100, 0.02},    {50, 101, 0.02},      {80, 101.6, 0.02},
+                          {100, 101.8, 0.0}, {110, 101.75, -0.01}, {120, 101.6, -0.02},
+                          {150, 101, -0.02}, {250, 102.5, 0.05},   {300, 105, 0.05}};
     for (const Case& c : cases) {
         SCOPED_TRACE(c.station);
         auto point = profileAt(crest, c.station);
@@ -41,7 +38,8 @@ TEST(ProfileEvaluation, OnlySensibleCurvesAreCurves) {
     EXPECT_EQ(curves[0].vertex, 1u);
     EXPECT_DOUBLE_EQ(curves[0].length, 40.0);
     // A vertical step, a negative tangent and an endless one give none.
-    Profile odd = {{0, 0}, {10, 1, 0, 5}, {10, 3, 0, 5}, {20, 3, 0, -4}, {30, 4, 0, HUGE_VAL}, {40, 4}};
+    Profile odd = {{0, 0},         {10, 1, 0, 5},        {10, 3, 0, 5},
+                   {20, 3, 0, -4}, {30, 4, 0, HUGE_VAL}, {40, 4}};
     EXPECT_TRUE(verticalCurves(odd).empty());
 }
 

@@ -1,4 +1,4 @@
-#include "cli/drawing_sources.h"
+#include "frame/file_models.h"
 
 #include <algorithm>
 #include <charconv>
@@ -11,9 +11,9 @@
 #include "alignment/istram_alignment.h"
 #include "alignment/istram_listing_alignment.h"
 #include "alignment/ruxo_alignment_file.h"
-#include "cli/temp_folder.h"
-#include "cli/terminal_text.h"
 #include "common/numbers.h"
+#include "common/temp_folder.h"
+#include "common/text_case.h"
 #include "crosssection/cartomap_sections.h"
 #include "crosssection/clip_ter_sections.h"
 #include "crosssection/clip_trv_sections.h"
@@ -21,6 +21,7 @@
 #include "crosssection/istram_sections.h"
 #include "crosssection/mxroad_sections.h"
 #include "crosssection/ruxo_sections.h"
+#include "frame/report_text.h"
 #include "landxml/alignment_reader.h"
 #include "landxml/cross_section_reader.h"
 #include "landxml/profile_reader.h"
@@ -33,15 +34,15 @@
 #include "profile/velm_profile.h"
 #include "profile/vertex_lines.h"
 
-namespace quelcnv::cli {
+namespace quelcnv {
 
 namespace {
 
 using F = FileFormat;
 
-DrawingSource nothing(std::string reason) { return {std::nullopt, std::move(reason)}; }
+ModelSource nothing(std::string reason) { return {std::nullopt, std::move(reason)}; }
 
-DrawingSource drawingOf(DrawingContent content) { return {std::move(content), std::string()}; }
+ModelSource modelOf(FileModel content) { return {std::move(content), std::string()}; }
 
 // Why a reader or an importer gave up, with the input's line when it found one.
 std::string failureReason(const Outcome& outcome) {
@@ -50,33 +51,33 @@ std::string failureReason(const Outcome& outcome) {
     return reason;
 }
 
-DrawingSource planOf(std::vector<NamedAlignment> alignments, std::string name = "") {
+ModelSource planOf(std::vector<NamedAlignment> alignments, std::string name = "") {
     std::erase_if(alignments, [](const NamedAlignment& a) { return a.elements.empty(); });
     if (alignments.empty()) return nothing("no hay ningún elemento de eje");
-    DrawingContent content;
+    FileModel content;
     content.name = std::move(name);
     content.alignments = std::move(alignments);
-    return drawingOf(std::move(content));
+    return modelOf(std::move(content));
 }
 
-DrawingSource profileOf(const ProfileRead& read, std::string name = "") {
+ModelSource profileOf(const ProfileRead& read, std::string name = "") {
     if (!read.outcome.ok()) return nothing(failureReason(read.outcome));
     Profile vertices = read.vertices;
     std::erase_if(vertices, [](const ProfileVertex& v) {
         return !std::isfinite(v.station) || !std::isfinite(v.elevation);
     });
     if (vertices.size() < 2) return nothing("la rasante no tiene al menos dos vértices");
-    DrawingContent content;
-    content.kind = DrawingKind::profile;
+    FileModel content;
+    content.kind = ModelKind::profile;
     content.name = std::move(name);
     content.profile = std::move(vertices);
-    return drawingOf(std::move(content));
+    return modelOf(std::move(content));
 }
 
 // The points handed over one by one by a cross-section reader, grouped into
 // sections.
-DrawingSource sectionsOf(Outcome (*read)(const std::string&, const EachPoint&),
-                         const std::string& path, std::string name = "") {
+ModelSource sectionsOf(Outcome (*read)(const std::string&, const EachPoint&),
+                       const std::string& path, std::string name = "") {
     std::vector<SectionPoint> points;
     Outcome outcome = read(path, [&points](const SectionPointText& p) {
         if (std::isfinite(p.station) && std::isfinite(p.offset) && std::isfinite(p.elevation))
@@ -84,11 +85,11 @@ DrawingSource sectionsOf(Outcome (*read)(const std::string&, const EachPoint&),
     });
     if (!outcome.ok()) return nothing(failureReason(outcome));
     if (points.empty()) return nothing("no hay ningún punto de transversal");
-    DrawingContent content;
-    content.kind = DrawingKind::sections;
+    FileModel content;
+    content.kind = ModelKind::sections;
     content.name = std::move(name);
     content.sections = groupSections(points);
-    return drawingOf(std::move(content));
+    return modelOf(std::move(content));
 }
 
 // Station, elevation and full curve length, as the LandXML profile is taken
@@ -109,29 +110,23 @@ std::vector<PlanElement> ruxoElements(const std::string& path) {
     return elementsFromRecords(readAlignmentFile(path, CommentLines::skipped).records);
 }
 
-DrawingSource ruxoPlan(const std::string& path) { return planOf({{"", ruxoElements(path)}}); }
-DrawingSource nevoPlan(const std::string& path) { return planOf({{"", readNevoAlignment(path)}}); }
-DrawingSource velmDrawing(const std::string& path) { return profileOf(readVelmProfile(path)); }
-DrawingSource ruxoProfileDrawing(const std::string& path) {
-    return profileOf(readRuxoProfile(path));
-}
-DrawingSource curveLengthDrawing(const std::string& path) {
-    return profileOf(readCurveLengths(path));
-}
-DrawingSource istramProfileDrawing(const std::string& path) {
+ModelSource ruxoPlan(const std::string& path) { return planOf({{"", ruxoElements(path)}}); }
+ModelSource nevoPlan(const std::string& path) { return planOf({{"", readNevoAlignment(path)}}); }
+ModelSource velmModel(const std::string& path) { return profileOf(readVelmProfile(path)); }
+ModelSource ruxoProfileModel(const std::string& path) { return profileOf(readRuxoProfile(path)); }
+ModelSource curveLengthModel(const std::string& path) { return profileOf(readCurveLengths(path)); }
+ModelSource istramProfileModel(const std::string& path) {
     return profileOf(readIstramProfile(path));
 }
-DrawingSource ispolProfileDrawing(const std::string& path) {
-    return profileOf(readIspolProfile(path));
-}
-DrawingSource ruxoSectionsDrawing(const std::string& path) {
+ModelSource ispolProfileModel(const std::string& path) { return profileOf(readIspolProfile(path)); }
+ModelSource ruxoSectionsModel(const std::string& path) {
     return sectionsOf(readRuxoSections, path);
 }
-DrawingSource commaSectionsDrawing(const std::string& path) {
+ModelSource commaSectionsModel(const std::string& path) {
     return sectionsOf(readCommaSections, path);
 }
 
-DrawingSource superelevationDrawing(const std::string& path) {
+ModelSource superelevationModel(const std::string& path) {
     std::optional<std::vector<SuperelevationRow>> rows = readSuperelevationFile(path);
     if (!rows) return nothing(std::string(describe(Failure::inputUnreadable)));
     std::erase_if(*rows, [](const SuperelevationRow& r) {
@@ -139,26 +134,26 @@ DrawingSource superelevationDrawing(const std::string& path) {
                !std::isfinite(r.secondFall);
     });
     if (rows->empty()) return nothing("no hay ninguna fila de peralte");
-    DrawingContent content;
-    content.kind = DrawingKind::superelevation;
+    FileModel content;
+    content.kind = ModelKind::superelevation;
     content.superelevation = std::move(*rows);
-    return drawingOf(std::move(content));
+    return modelOf(std::move(content));
 }
 
-DrawingSource pointsOf(std::optional<std::vector<NamedPoint>> points) {
+ModelSource pointsOf(std::optional<std::vector<NamedPoint>> points) {
     if (!points) return nothing(std::string(describe(Failure::inputUnreadable)));
     std::erase_if(*points, [](const NamedPoint& p) {
         return !std::isfinite(p.x) || !std::isfinite(p.y) || !std::isfinite(p.z);
     });
     if (points->empty()) return nothing("no hay ningún punto");
-    DrawingContent content;
-    content.kind = DrawingKind::points;
+    FileModel content;
+    content.kind = ModelKind::points;
     content.points = std::move(*points);
-    return drawingOf(std::move(content));
+    return modelOf(std::move(content));
 }
 
-DrawingSource pointListDrawing(const std::string& path) { return pointsOf(readPointList(path)); }
-DrawingSource nevoPointsDrawing(const std::string& path) { return pointsOf(readNevoPoints(path)); }
+ModelSource pointListModel(const std::string& path) { return pointsOf(readPointList(path)); }
+ModelSource nevoPointsModel(const std::string& path) { return pointsOf(readNevoPoints(path)); }
 
 // How a format is drawn: read as it is, or imported first into the
 // library's own format of its kind (the RUXO alignment or cross-section
@@ -166,7 +161,7 @@ DrawingSource nevoPointsDrawing(const std::string& path) { return pointsOf(readN
 struct FormatReader {
     FileFormat format;
     FileConversion import;  // nullptr: read as it is
-    DrawingSource (*read)(const std::string& path);
+    ModelSource (*read)(const std::string& path);
 };
 
 constexpr FormatReader formatReaders[] = {
@@ -177,27 +172,27 @@ constexpr FormatReader formatReaders[] = {
     {F::ispolAlignment, importIspolAlignment, ruxoPlan},
     {F::htrazadoAlignment, importHtrazadoAlignment, ruxoPlan},
     {F::clipPltAlignment, importClipPltAlignment, ruxoPlan},
-    {F::velmProfile, nullptr, velmDrawing},
-    {F::ruxoProfile, nullptr, ruxoProfileDrawing},
-    {F::nevoProfile, nullptr, ruxoProfileDrawing},
-    {F::curveLengthProfile, nullptr, curveLengthDrawing},
-    {F::istramProfile, nullptr, istramProfileDrawing},
-    {F::ispolProfile, nullptr, ispolProfileDrawing},
-    {F::cartomapProfile, convertCartomapProfileToVelm, velmDrawing},
-    {F::ispolSuperelevation, convertIspolSuperelevation, superelevationDrawing},
-    {F::clipSuperelevation, convertClipSuperelevation, superelevationDrawing},
-    {F::superelevationOutput, nullptr, superelevationDrawing},
-    {F::ruxoSections, nullptr, ruxoSectionsDrawing},
-    {F::nevoSections, nullptr, commaSectionsDrawing},
-    {F::commaSections, nullptr, commaSectionsDrawing},
-    {F::istramSections, importIstramSections, ruxoSectionsDrawing},
-    {F::mxroadSections, importMxroadSections, ruxoSectionsDrawing},
-    {F::htrazadoSections, importHtrazadoSections, ruxoSectionsDrawing},
-    {F::clipTerSections, importClipTerSections, ruxoSectionsDrawing},
-    {F::clipTrvSections, importClipTrvSections, ruxoSectionsDrawing},
-    {F::cartomapSections, importCartomapSections, ruxoSectionsDrawing},
-    {F::pointList, nullptr, pointListDrawing},
-    {F::nevoPoints, nullptr, nevoPointsDrawing},
+    {F::velmProfile, nullptr, velmModel},
+    {F::ruxoProfile, nullptr, ruxoProfileModel},
+    {F::nevoProfile, nullptr, ruxoProfileModel},
+    {F::curveLengthProfile, nullptr, curveLengthModel},
+    {F::istramProfile, nullptr, istramProfileModel},
+    {F::ispolProfile, nullptr, ispolProfileModel},
+    {F::cartomapProfile, convertCartomapProfileToVelm, velmModel},
+    {F::ispolSuperelevation, convertIspolSuperelevation, superelevationModel},
+    {F::clipSuperelevation, convertClipSuperelevation, superelevationModel},
+    {F::superelevationOutput, nullptr, superelevationModel},
+    {F::ruxoSections, nullptr, ruxoSectionsModel},
+    {F::nevoSections, nullptr, commaSectionsModel},
+    {F::commaSections, nullptr, commaSectionsModel},
+    {F::istramSections, importIstramSections, ruxoSectionsModel},
+    {F::mxroadSections, importMxroadSections, ruxoSectionsModel},
+    {F::htrazadoSections, importHtrazadoSections, ruxoSectionsModel},
+    {F::clipTerSections, importClipTerSections, ruxoSectionsModel},
+    {F::clipTrvSections, importClipTrvSections, ruxoSectionsModel},
+    {F::cartomapSections, importCartomapSections, ruxoSectionsModel},
+    {F::pointList, nullptr, pointListModel},
+    {F::nevoPoints, nullptr, nevoPointsModel},
 };
 
 const FormatReader* readerOf(FileFormat format) {
@@ -225,8 +220,8 @@ std::span<const FileFormat> plainFormats(DataKind kind) {
     }
 }
 
-DrawingSource imported(const std::string& path, const FormatReader& reader) {
-    TempFolder folder("dibujo");
+ModelSource imported(const std::string& path, const FormatReader& reader) {
+    TempFolder folder("modelo");
     if (!folder.ready()) return nothing(std::string(describe(Failure::scratchUnavailable)));
     std::string scratch = folder.file("importado");
     Outcome outcome = reader.import(path, scratch);
@@ -246,8 +241,8 @@ std::optional<int> chosenIndex(const std::string& choice, const LandXmlContents&
     return static_cast<int>(named - contents.alignments.begin());
 }
 
-DrawingSource landXmlAlignments(const std::string& path, const LandXmlContents& contents,
-                                const std::optional<std::string>& choice, TempFolder& folder) {
+ModelSource landXmlAlignments(const std::string& path, const LandXmlContents& contents,
+                              const std::optional<std::string>& choice, TempFolder& folder) {
     std::vector<int> chosen;
     if (choice) {
         std::optional<int> index = chosenIndex(*choice, contents);
@@ -283,18 +278,18 @@ std::optional<std::string> chosenName(const std::optional<std::string>& choice,
     return std::nullopt;
 }
 
-DrawingSource landXmlProfile(const std::string& path, const std::string& name, TempFolder& folder) {
+ModelSource landXmlProfile(const std::string& path, const std::string& name, TempFolder& folder) {
     std::string vertices = folder.file("rasante");
     Outcome outcome = convertLandXmlProfile(name, path, vertices, ProfileColumns::curveLengths);
     if (!outcome.ok()) return nothing(failureReason(outcome));
-    DrawingSource source = profileOf(readCurveLengths(vertices), name);
-    if (!source.content)
+    ModelSource source = profileOf(readCurveLengths(vertices), name);
+    if (!source.model)
         source.problem = "el documento no tiene la rasante \"" + nameText(name) + "\"";
     return source;
 }
 
-DrawingSource landXmlSections(const std::string& path, const std::string& surface,
-                              TempFolder& folder) {
+ModelSource landXmlSections(const std::string& path, const std::string& surface,
+                            TempFolder& folder) {
     std::size_t colon = surface.find(": ");
     if (colon == std::string::npos)
         return nothing("la superficie va como la muestra la lista, \"EJE: SUPERFICIE\"");
@@ -302,41 +297,113 @@ DrawingSource landXmlSections(const std::string& path, const std::string& surfac
     Outcome outcome =
         importLandXmlSections(surface.substr(0, colon), surface.substr(colon + 2), path, ruxo);
     if (!outcome.ok()) return nothing(failureReason(outcome));
-    DrawingSource source = sectionsOf(readRuxoSections, ruxo, surface);
-    if (!source.content)
+    ModelSource source = sectionsOf(readRuxoSections, ruxo, surface);
+    if (!source.model)
         source.problem = "el documento no tiene la superficie \"" + nameText(surface) + "\"";
+    return source;
+}
+
+constexpr char kindsAsked[] = "--tipo eje|rasante|peralte|transversales|puntos";
+
+// The field data the drawings do not draw, as a sentence names them.
+std::string notDrawn(FileFormat format) {
+    switch (format) {
+        case FileFormat::levelReadings: return "un fichero KL500 de nivelación";
+        case FileFormat::levelBook: return "una libreta de nivelación IGN";
+        case FileFormat::levelUpload: return "una carga de cotas para el nivel";
+        case FileFormat::leaSurvey: return "un levantamiento LEA";
+        case FileFormat::nevoObservations: return "un fichero NEVO de observaciones";
+        case FileFormat::medrix: return "un fichero Medrix de observaciones";
+        case FileFormat::roboticReadings: return "un fichero de lecturas de la robotizada NEVO-800";
+        default: return "un fichero " + std::string(formatName(format));
+    }
+}
+
+const Problem* problemOf(const FileSummary& summary, ProblemKind kind) {
+    auto found = std::ranges::find(summary.problems, kind, &Problem::kind);
+    return found == summary.problems.end() ? nullptr : &*found;
+}
+
+// Why the recogniser could not tell the file: it is empty, it is no text,
+// or its lines have a format's shape as others' do.
+std::string unknownSentence(const std::string& path, const FileSummary& summary) {
+    std::string why;
+    for (ProblemKind kind : {ProblemKind::empty, ProblemKind::notText})
+        if (const Problem* problem = problemOf(summary, kind)) why = problemText(*problem);
+    if (why.empty() && summary.format != FileFormat::unknown)
+        why = "quizá " + std::string(formatName(summary.format));
+    return "no se sabe qué es " + pathText(path) + (why.empty() ? "" : " (" + why + ")") +
+           ": dígalo con " + kindsAsked;
+}
+
+bool drawsKind(DataKind kind) { return modelKind(kindWord(kind)).has_value(); }
+
+// Without a kind asked: why a file not surely recognised, or of a kind not
+// drawn, is refused.
+std::optional<std::string> refusal(const std::string& path, const FileSummary& summary) {
+    if (summary.format == FileFormat::unknown || summary.certainty <= Certainty::possible)
+        return unknownSentence(path, summary);
+    if (!drawsKind(summary.kind))
+        return pathText(path) + " es " + notDrawn(summary.format) + ", que no se dibuja";
+    return std::nullopt;
+}
+
+ModelSource asKind(const std::string& path, const FileSummary& summary, DataKind kind) {
+    if (summary.kind == kind && isModelFormat(summary.format))
+        return readFormatModel(path, summary.format);
+    ModelSource source = readKindModel(path, kind);
+    if (!source.model)
+        source.problem = "leído como " + std::string(kindWord(kind)) + ", " + source.problem;
+    return source;
+}
+
+// "pies" for the feet a LandXML document may declare, else the unit as
+// declared.
+std::string unitWord(const std::string& declared) {
+    for (const char* feet : {"foot", "USSurveyFoot", "InternationalFoot"})
+        if (declared == feet) return std::string(feetWord);
+    return declared;
+}
+
+ModelSource fromLandXml(const std::string& path, const FileSummary& summary,
+                        std::optional<DataKind> asked, const LandXmlChoice& choice) {
+    if (!summary.landXml) return {std::nullopt, "no se puede leer el documento LandXML"};
+    DataKind kind = chosenKind(choice).value_or(asked.value_or(DataKind::alignment));
+    ModelSource source = readLandXmlModel(path, *summary.landXml, kind, choice);
+    if (const Problem* unit = problemOf(summary, ProblemKind::nonMetricUnit); unit && source.model)
+        source.model->unit = unitWord(unit->detail);
     return source;
 }
 
 }  // namespace
 
-DrawingSource readDrawingFormat(const std::string& path, FileFormat format) {
+ModelSource readFormatModel(const std::string& path, FileFormat format) {
     const FormatReader* reader = readerOf(format);
     if (!reader) return nothing(std::string(formatName(format)) + ": no se dibuja");
-    DrawingSource source = reader->import ? imported(path, *reader) : reader->read(path);
+    ModelSource source = reader->import ? imported(path, *reader) : reader->read(path);
     // The HTRAZADO alignment importer converts no element in this version.
-    if (!source.content && format == F::htrazadoAlignment)
+    if (!source.model && format == F::htrazadoAlignment)
         source.problem =
             "esta versión no convierte los ejes HTRAZADO: su importación no da "
             "ningún elemento";
     return source;
 }
 
-bool isDrawnFormat(FileFormat format) { return readerOf(format) != nullptr; }
+bool isModelFormat(FileFormat format) { return readerOf(format) != nullptr; }
 
-DrawingSource readDrawingKind(const std::string& path, DataKind kind) {
-    std::optional<DrawingSource> first;  // the main format's reason, when none gives anything
+ModelSource readKindModel(const std::string& path, DataKind kind) {
+    std::optional<ModelSource> first;  // the main format's reason, when none gives anything
     for (FileFormat format : plainFormats(kind)) {
-        DrawingSource source = readDrawingFormat(path, format);
-        if (source.content) return source;
+        ModelSource source = readFormatModel(path, format);
+        if (source.model) return source;
         if (!first) first = std::move(source);
     }
     return first.value_or(nothing("no se dibuja como " + std::string(kindWord(kind))));
 }
 
-DrawingSource readLandXmlDrawing(const std::string& path, const LandXmlContents& contents,
-                                 DataKind kind, const LandXmlChoice& choice) {
-    TempFolder folder("dibujo");
+ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& contents,
+                             DataKind kind, const LandXmlChoice& choice) {
+    TempFolder folder("modelo");
     if (!folder.ready()) return nothing(std::string(describe(Failure::scratchUnavailable)));
     std::string why;
     switch (kind) {
@@ -360,7 +427,35 @@ DrawingSource readLandXmlDrawing(const std::string& path, const LandXmlContents&
     }
 }
 
-std::optional<DataKind> drawnKind(std::string_view word) {
+ModelSource openFileModel(const std::string& path, const FileSummary& summary,
+                          std::optional<DataKind> asked, const LandXmlChoice& choice) {
+    ModelSource source;
+    if (summary.kind == DataKind::landXml) {
+        source = fromLandXml(path, summary, asked, choice);
+    } else if (choice.any()) {
+        source.problem = "--eje, --rasante y --transversales solo valen para LandXML";
+    } else if (asked) {
+        source = asKind(path, summary, *asked);
+    } else if (std::optional<std::string> refused = refusal(path, summary)) {
+        return {std::nullopt, *refused};
+    } else {
+        source = readFormatModel(path, summary.format);
+    }
+    if (source.model)
+        source.model->file = path;
+    else
+        source.problem = "nada que dibujar en " + pathText(path) + ": " + source.problem;
+    return source;
+}
+
+std::optional<DataKind> chosenKind(const LandXmlChoice& choice) {
+    if (choice.alignment) return DataKind::alignment;
+    if (choice.profile) return DataKind::profile;
+    if (choice.surface) return DataKind::crossSections;
+    return std::nullopt;
+}
+
+std::optional<DataKind> modelKind(std::string_view word) {
     for (DataKind kind : {DataKind::alignment, DataKind::profile, DataKind::superelevation,
                           DataKind::crossSections, DataKind::points})
         if (kindWord(kind) == word) return kind;
@@ -381,4 +476,4 @@ std::vector<CrossSection> groupSections(const std::vector<SectionPoint>& points)
     return sections;
 }
 
-}  // namespace quelcnv::cli
+}  // namespace quelcnv

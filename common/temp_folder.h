@@ -1,6 +1,6 @@
-// A private folder under the system's temporary folder for the files the
-// command reads back (selection lists, an alignment taken out of a LandXML
-// document), removed with it.
+// A private folder under the system's temporary folder for files written
+// only to be read back (an alignment taken out of a LandXML document, a
+// format imported into the library's own), removed with it.
 #pragma once
 
 #include <filesystem>
@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace quelcnv::cli {
+namespace quelcnv {
 
 class TempFolder {
 public:
@@ -36,4 +36,4 @@ private:
     std::filesystem::path folder_;
 };
 
-}  // namespace quelcnv::cli
+}  // namespace quelcnv
