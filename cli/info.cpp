@@ -5,6 +5,7 @@
 #include "cli/report.h"
 #include "cli/terminal_text.h"
 #include "common/text_format.h"
+#include "frame/geojson.h"
 
 namespace quelcnv::cli {
 
@@ -81,21 +82,6 @@ std::string summaryText(const std::string& path, const FileSummary& summary) {
         for (const Problem& problem : summary.problems) text += "  " + problemText(problem) + "\n";
     }
     return text;
-}
-
-std::string jsonString(std::string_view utf8) {
-    std::string text = "\"";
-    for (char c : utf8) {
-        if (c == '"' || c == '\\') {
-            text += '\\';
-            text += c;
-        } else if (static_cast<unsigned char>(c) < 0x20) {
-            text += formatText("\\u%04x"_fmt, static_cast<int>(c));
-        } else {
-            text += c;
-        }
-    }
-    return text + "\"";
 }
 
 std::string jsonNames(const std::vector<std::string>& names) {

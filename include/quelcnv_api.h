@@ -273,6 +273,145 @@ QUELCNV_PUBLIC const char* quelcnv_summary_name(const quelcnv_summary* summary,
 QUELCNV_PUBLIC size_t quelcnv_summary_problem_count(const quelcnv_summary* summary);
 QUELCNV_PUBLIC const char* quelcnv_summary_problem(const quelcnv_summary* summary, size_t index);
 
+/* ---- Models: what a file holds ------------------------------------------ */
+
+typedef struct quelcnv_model quelcnv_model;
+
+/** What a model holds. */
+typedef enum quelcnv_model_kind {
+    QUELCNV_MODEL_NONE = 0,           /**< nothing: the file gave no model (see the problem) */
+    QUELCNV_MODEL_ALIGNMENTS = 1,     /**< one or more alignments in plan */
+    QUELCNV_MODEL_PROFILE = 2,        /**< a vertical profile */
+    QUELCNV_MODEL_SUPERELEVATION = 3, /**< superelevation rows */
+    QUELCNV_MODEL_SECTIONS = 4,       /**< cross sections */
+    QUELCNV_MODEL_POINTS = 5          /**< named points */
+} quelcnv_model_kind;
+
+/** Kinds of element of an alignment in plan. */
+typedef enum quelcnv_element_kind {
+    QUELCNV_STRAIGHT = 0,
+    QUELCNV_ARC = 1,
+    QUELCNV_CLOTHOID = 2
+} quelcnv_element_kind;
+
+/**
+ * One element of an alignment. Azimuths are in grads (400 to the turn),
+ * from the y axis towards the x axis; curvatures are 1/radius, positive
+ * turning towards growing azimuths, 0 on a straight; a clothoid's curvature
+ * runs linearly from start to end. This structure stays as it is for
+ * version 1 of this API.
+ */
+typedef struct quelcnv_element {
+    quelcnv_element_kind kind;
+    double station; /**< where it starts */
+    double length;
+    double x, y;    /**< its start point, in the file's plane coordinates */
+    double azimuth; /**< its heading at the start */
+    double start_curvature, end_curvature;
+} quelcnv_element;
+
+/**
+ * @brief Reads a file of any format the library reads into a model. With
+ *        QUELCNV_MODEL_NONE the recogniser decides what the file is (a file it
+ *        cannot tell, or of a kind no model holds, gives no model); another
+ *        kind reads the file as that kind. From a LandXML document: `choice`
+ *        names an alignment (by name, or index "0", "1"...) with kind
+ *        QUELCNV_MODEL_ALIGNMENTS or NONE, a profile as its list gives it
+ *        ("ALIGNMENT: PROFILE") with QUELCNV_MODEL_PROFILE, a surface's cross
+ *        sections ("ALIGNMENT: SURFACE") with QUELCNV_MODEL_SECTIONS; NULL
+ *        takes every alignment, or the document's only profile or surface.
+ *        Importers that need a file in between use a private temporary
+ *        folder, removed before the call returns.
+ * @return the model, NULL only when memory ran out: one that holds nothing
+ *         (quelcnv_model_kind gives QUELCNV_MODEL_NONE) says why in
+ *         quelcnv_model_problem. Release it with quelcnv_model_free.
+ */
+QUELCNV_PUBLIC quelcnv_model* quelcnv_model_open(quelcnv_context* context, const char* path,
+                                                 quelcnv_model_kind kind, const char* choice);
+
+QUELCNV_PUBLIC void quelcnv_model_free(quelcnv_model* model);
+
+QUELCNV_PUBLIC quelcnv_model_kind quelcnv_model_kind_of(const quelcnv_model* model);
+
+/** @brief Why the model holds nothing, one Spanish sentence naming the file
+ *         (as the command says it); "" for a model that holds something. */
+QUELCNV_PUBLIC const char* quelcnv_model_problem(const quelcnv_model* model);
+
+/** @brief The unit of lengths: "m", or the unit a LandXML document declares
+ *         ("pies" for feet); coordinates are given as the file holds them. */
+QUELCNV_PUBLIC const char* quelcnv_model_unit(const quelcnv_model* model);
+
+/** @brief Alignments: how many, and the name of each ("" when the file
+ *         names none). */
+QUELCNV_PUBLIC size_t quelcnv_model_alignment_count(const quelcnv_model* model);
+QUELCNV_PUBLIC const char* quelcnv_model_alignment_name(const quelcnv_model* model,
+                                                        size_t alignment);
+
+/** @brief The elements of an alignment: how many, and element i into *element.
+ *  @return 1, or 0 (nothing written) past the last. */
+QUELCNV_PUBLIC size_t quelcnv_model_element_count(const quelcnv_model* model, size_t alignment);
+QUELCNV_PUBLIC int quelcnv_model_element(const quelcnv_model* model, size_t alignment, size_t index,
+                                         quelcnv_element* element);
+
+/**
+ * @brief The point at a station of an alignment, moved `offset` across it
+ *        (positive to the right of the direction of travel), with the
+ *        heading (grads) and curvature there; clothoids evaluated exactly
+ *        (to well below a micrometre). Any output pointer may be NULL.
+ * @return 1, or 0 for a station outside the alignment.
+ */
+QUELCNV_PUBLIC int quelcnv_model_alignment_at(const quelcnv_model* model, size_t alignment,
+                                              double station, double offset, double* x, double* y,
+                                              double* azimuth, double* curvature);
+
+/** @brief A profile's vertices: station, elevation and the length of the
+ *         vertical curve at it (0 for none). @return 1, or 0 past the last. */
+QUELCNV_PUBLIC size_t quelcnv_model_vertex_count(const quelcnv_model* model);
+QUELCNV_PUBLIC int quelcnv_model_vertex(const quelcnv_model* model, size_t index, double* station,
+                                        double* elevation, double* curve_length);
+
+/** @brief The profile's elevation and grade (a ratio: 0.02 is 2 %) at a
+ *         station, on its grades and parabolic vertical curves. Either
+ *         pointer may be NULL. @return 1, or 0 outside the profile. */
+QUELCNV_PUBLIC int quelcnv_model_profile_at(const quelcnv_model* model, double station,
+                                            double* elevation, double* grade);
+
+/** @brief Superelevation rows: station and the two cross-falls in percent. */
+QUELCNV_PUBLIC size_t quelcnv_model_row_count(const quelcnv_model* model);
+QUELCNV_PUBLIC int quelcnv_model_row(const quelcnv_model* model, size_t index, double* station,
+                                     double* first_fall, double* second_fall);
+
+/** @brief Cross sections: how many; the station of each and its number of
+ *         points; each point's offset, elevation and code ("" for none),
+ *         the points of a section ordered by offset. */
+QUELCNV_PUBLIC size_t quelcnv_model_section_count(const quelcnv_model* model);
+QUELCNV_PUBLIC int quelcnv_model_section(const quelcnv_model* model, size_t index, double* station,
+                                         size_t* point_count);
+QUELCNV_PUBLIC int quelcnv_model_section_point(const quelcnv_model* model, size_t section,
+                                               size_t index, double* offset, double* elevation,
+                                               const char** code);
+
+/** @brief Named points: name, coordinates and code ("" for none). */
+QUELCNV_PUBLIC size_t quelcnv_model_point_count(const quelcnv_model* model);
+QUELCNV_PUBLIC int quelcnv_model_point(const quelcnv_model* model, size_t index, const char** name,
+                                       double* x, double* y, double* z, const char** code);
+
+/**
+ * @brief The model as a GeoJSON FeatureCollection (UTF-8, whatever the
+ *        context's code page): each alignment a LineString sampled at most
+ *        `spacing` apart (1 when not positive) along its curves, with its
+ *        name and first and last station; each point a Point with x, y, z
+ *        and its name and code. Coordinates are the file's plane
+ *        coordinates, as they stand (no reference system is declared).
+ * @return a text to release with quelcnv_text_free, or NULL for a model of
+ *         another kind (profiles, superelevation and cross sections have no
+ *         place in plan) or when memory ran out.
+ */
+QUELCNV_PUBLIC char* quelcnv_model_geojson(const quelcnv_model* model, double spacing);
+
+/** @brief Releases a text the library gave to release. */
+QUELCNV_PUBLIC void quelcnv_text_free(char* text);
+
 #ifdef __cplusplus
 }
 #endif
