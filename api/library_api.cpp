@@ -83,6 +83,11 @@ QUELCNV_PUBLIC quelcnv_availability quelcnv_operation_availability(const char* o
     return QUELCNV_UNKNOWN_OPERATION;
 }
 
+QUELCNV_PUBLIC const char* quelcnv_operation_output(const char* operation) {
+    const EntryPoint* entry = operation == nullptr ? nullptr : findEntryPoint(operation);
+    return entry == nullptr ? nullptr : entry->output.data();
+}
+
 QUELCNV_PUBLIC const char* quelcnv_operation_help(const char* operation) {
     const EntryPoint* entry = operation == nullptr ? nullptr : findEntryPoint(operation);
     return entry == nullptr ? nullptr : entry->help.data();

@@ -235,22 +235,8 @@ int summarise(const Batch& batch, const std::vector<Done>& results) {
 }  // namespace
 
 std::string_view usualExtension(std::string_view operation) {
-    static const std::map<std::string_view, std::string_view> exceptions = {
-        {"alandxml2nevoWCE", ".ruxo"}, {"tralandxml2nevoWCE", ".ruxo"},
-        {"rascartomap2ruxo", ".velm"}, {"anivel2ing", ".ign"},
-        {"puntos2nivel", ".txt"},      {"peralteispol2nevo", ".txt"},
-        {"peralteClip2nevo", ".txt"},  {"procesaCabecera", ".txt"},
-        {"rasruxo2nevo", ".txt"},      {"rlandxml2nevo", ".txt"},
-        {"rlandxml2nevoWCE", ".txt"},  {"traruxo2nevo", ".txt"},
-        {"topoLea2Medrix", ".med"},    {"lectnevo2medrix", ".med"},
-        {"velm2arcview", ".shp"},      {"arcview2velm", ".velm"},
-    };
-    if (auto found = exceptions.find(operation); found != exceptions.end()) return found->second;
-    std::string lower(operation);
-    for (char& c : lower) c = char(std::tolower(static_cast<unsigned char>(c)));
-    if (lower.ends_with("landxml") || lower.ends_with("lamdxml")) return ".xml";
-    if (lower.ends_with("ruxo")) return ".ruxo";
-    return ".nev";
+    const EntryPoint* entry = findEntryPoint(operation);
+    return entry != nullptr && !entry->output.empty() ? entry->output : ".nev";
 }
 
 int runBatch(const BatchRequest& request) {

@@ -10,7 +10,7 @@ namespace quelcnv::cli {
 
 namespace {
 
-#define QUELCNV_ENTRY(name, result, arguments, state, help) \
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) \
     reinterpret_cast<EntryAddress>(&MyDll_##name),
 
 const EntryAddress linked[] = {

@@ -68,12 +68,12 @@ int invokeAs(EntryAddress entry, Args& arguments) {
 
 #define QUELCNV_RESULT_int ResultKind::integer
 #define QUELCNV_RESULT_none ResultKind::none
-#define QUELCNV_ENTRY(name, result, arguments, state, help) \
-    Operation{#name,                                        \
-              arguments,                                    \
-              QUELCNV_RESULT_##result,                      \
-              Availability::state,                          \
-              help,                                         \
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) \
+    Operation{#name,                                                \
+              arguments,                                            \
+              QUELCNV_RESULT_##result,                              \
+              Availability::state,                                  \
+              help,                                                 \
               &invokeAs<decltype(&MyDll_##name)>},
 
 const Operation table[] = {

@@ -1,6 +1,6 @@
 # Reads frame/entry_points.txt, the table of the library's entry points, and
 # generates from it what the build needs, so that the table is the only list:
-#   entry_point_table.inc    QUELCNV_ENTRY(name, result, "arguments", state, "help") rows
+#   entry_point_table.inc    QUELCNV_ENTRY(name, result, "arguments", state, "output", "help") rows
 #   entry_points.cpp         the C entry points, each handing its arguments to
 #                            its conversion (frame/conversion.h); the sample
 #                            entry point, which writes into its argument, is
@@ -86,20 +86,26 @@ function(quelcnv_generate_entry_points table out_dir)
     endif()
     string(REPLACE " | " ";" fields "${line}")
     list(LENGTH fields field_count)
-    if(NOT field_count EQUAL 5)
+    if(NOT field_count EQUAL 6)
       message(FATAL_ERROR "entry_points.txt: malformed line: ${line}")
     endif()
     list(GET fields 0 name)
     list(GET fields 1 result)
     list(GET fields 2 arguments)
     list(GET fields 3 state)
-    list(GET fields 4 help)
-    if(NOT result MATCHES "^(int|none)$" OR NOT state MATCHES "^(built|readsOnly|unavailable)$")
-      message(FATAL_ERROR "entry_points.txt: bad result or state: ${line}")
+    list(GET fields 4 output)
+    list(GET fields 5 help)
+    if(NOT result MATCHES "^(int|none)$" OR NOT state MATCHES "^(built|readsOnly|unavailable)$"
+       OR NOT output MATCHES "^(-|\\.[a-z]+)$")
+      message(FATAL_ERROR "entry_points.txt: bad result, state or output: ${line}")
     endif()
     _quelcnv_c_string("${arguments}" arguments_text)
     _quelcnv_c_string("${help}" help_text)
-    string(APPEND rows "QUELCNV_ENTRY(${name}, ${result}, ${arguments_text}, ${state}, ${help_text})\n")
+    if(output STREQUAL "-")
+      set(output "")
+    endif()
+    string(APPEND rows
+      "QUELCNV_ENTRY(${name}, ${result}, ${arguments_text}, ${state}, \"${output}\", ${help_text})\n")
     string(APPEND def "    MyDll_${name}\n")
     string(REPLACE " " ";" argument_names "${arguments}")
     list(LENGTH argument_names argument_count)

@@ -51,21 +51,18 @@ Outcome aistram2ruxo(Call& a) { return importIstramAlignment(a[0], a[1]); }
 // The MXROAD alignment conversion is not provided in this version.
 Outcome amxroad2nevo(Call&) { return Outcome::failed(Failure::notProvided); }
 
-const Conversion conversions[] = {
-    {"aruxo2nevo", aruxo2nevo, HostResult::alwaysDone},
-    {"aruxo2nevoWCE", aruxo2nevoWCE, HostResult::alwaysDone},
-    {"aistram2nevo", aistram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"amxroad2nevo", amxroad2nevo, HostResult::alwaysDone},
-    {"ahtrazado2nevo", ahtrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"aclipplt2nevo", aclipplt2nevo, HostResult::importer, ScratchFile::chainTemp},
-    {"aistramList2nevo", aistramList2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"aispol2nevo", aispol2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"aclipplt2ruxo", aclipplt2ruxo, HostResult::doneOrFailed},
-    {"aistram2ruxo", aistram2ruxo, HostResult::doneOrFailed},
-};
-
 }  // namespace
 
-std::span<const Conversion> alignmentConversions() { return conversions; }
+QUELCNV_CONVERSION(aruxo2nevo, aruxo2nevo, HostResult::alwaysDone)
+QUELCNV_CONVERSION(aruxo2nevoWCE, aruxo2nevoWCE, HostResult::alwaysDone)
+QUELCNV_CONVERSION(aistram2nevo, aistram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(amxroad2nevo, amxroad2nevo, HostResult::alwaysDone)
+QUELCNV_CONVERSION(ahtrazado2nevo, ahtrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aclipplt2nevo, aclipplt2nevo, HostResult::importer, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aistramList2nevo, aistramList2nevo, HostResult::alwaysDone,
+                   ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aispol2nevo, aispol2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aclipplt2ruxo, aclipplt2ruxo, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(aistram2ruxo, aistram2ruxo, HostResult::doneOrFailed)
 
 }  // namespace quelcnv

@@ -34,14 +34,25 @@ Written merged(const Written& writer, const Written& importer) {
 
 }  // namespace
 
+// Every entry point's conversion, bound by name when the library is linked.
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) \
+    extern const Conversion conversionOf_##name;
+#include "entry_point_table.inc"
+#undef QUELCNV_ENTRY
+
+namespace {
+
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) &conversionOf_##name,
+const Conversion* const boundConversions[] = {
+#include "entry_point_table.inc"
+};
+#undef QUELCNV_ENTRY
+
+}  // namespace
+
 const Conversion* findConversion(std::string_view name) {
-    const std::array families = {frameConversions(),         alignmentConversions(),
-                                 crossSectionConversions(),  profileConversions(),
-                                 fieldDataConversions(),     landXmlReadingConversions(),
-                                 landXmlWritingConversions()};
-    for (std::span<const Conversion> family : families)
-        for (const Conversion& conversion : family)
-            if (conversion.name == name) return &conversion;
+    for (const Conversion* conversion : boundConversions)
+        if (conversion->name == name) return conversion;
     return nullptr;
 }
 
@@ -106,8 +117,8 @@ namespace {
 constexpr bool returnsInteger_int = true;
 constexpr bool returnsInteger_none = false;
 
-#define QUELCNV_ENTRY(name, result, arguments, state, help) \
-    {#name, returnsInteger_##result, arguments, EntryState::state, help},
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) \
+    {#name, returnsInteger_##result, arguments, EntryState::state, output, help},
 constexpr EntryPoint entryTable[] = {
 #include "entry_point_table.inc"
 };

@@ -51,14 +51,14 @@ struct Conversion {
     std::string_view besideOutput = {};
 };
 
-// Each family's conversions.
-std::span<const Conversion> frameConversions();
-std::span<const Conversion> alignmentConversions();
-std::span<const Conversion> crossSectionConversions();
-std::span<const Conversion> profileConversions();
-std::span<const Conversion> fieldDataConversions();
-std::span<const Conversion> landXmlReadingConversions();
-std::span<const Conversion> landXmlWritingConversions();
+// Defines the conversion of the entry point `name`, run by the rest of the
+// arguments (run, result, scratch file, file beside the output). The table of
+// entry points refers to each conversion by its entry point's name when the
+// library is linked: an entry point without its conversion, or a conversion
+// named as no entry point is, leaves a name unbound and the build fails.
+#define QUELCNV_CONVERSION(name, ...)            \
+    extern const Conversion conversionOf_##name; \
+    const Conversion conversionOf_##name{#name, __VA_ARGS__};
 
 // entrada, salida: one converter from file to file.
 template <FileConversion convert>
@@ -114,7 +114,8 @@ struct EntryPoint {
     bool returnsInteger;         // false for the entry points that return nothing
     std::string_view arguments;  // argument names separated by blanks
     EntryState state;
-    std::string_view help;  // Spanish, plain ASCII
+    std::string_view output;  // the usual extension of salida (".nev"); empty without one
+    std::string_view help;    // Spanish, plain ASCII
 };
 
 // Every entry point, in the order of the type library.

@@ -42,20 +42,16 @@ Outcome traCartomap2ruxo(Call& a) { return importCartomapSections(a[0], a[1]); }
 // version: nothing is read or written.
 Outcome clipST2ruxo(Call&) { return Outcome::failed(Failure::notProvided); }
 
-const Conversion conversions[] = {
-    {"ruxo2nevo", ruxo2nevo, HostResult::doneOrFailed},
-    {"istram2nevo", istram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"mxroad2nevo", mxroad2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"htrazado2nevo", htrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"clip2nevo", clip2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"cliptrv2nevo", cliptrv2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"traCartomap2ruxo", traCartomap2ruxo, HostResult::doneOrFailed},
-    {"traruxo2nevo", traruxo2nevo, HostResult::doneOrFailed},
-    {"clipST2ruxo", clipST2ruxo, HostResult::doneOrFailed},
-};
-
 }  // namespace
 
-std::span<const Conversion> crossSectionConversions() { return conversions; }
+QUELCNV_CONVERSION(ruxo2nevo, ruxo2nevo, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(istram2nevo, istram2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(mxroad2nevo, mxroad2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(htrazado2nevo, htrazado2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(clip2nevo, clip2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(cliptrv2nevo, cliptrv2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(traCartomap2ruxo, traCartomap2ruxo, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(traruxo2nevo, traruxo2nevo, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(clipST2ruxo, clipST2ruxo, HostResult::doneOrFailed)
 
 }  // namespace quelcnv

@@ -18,18 +18,15 @@ Outcome anivel2ing(Call& a) { return convertLevelBook(a[0], a[1], {a[2], a[3], a
 // Processing robotic readings into a report is not provided in this version.
 Outcome procesaRobotizada(Call&) { return Outcome::failed(Failure::notProvided); }
 
-const Conversion conversions[] = {
-    {"puntos2nevo", fromFile<convertPointsToNevo>, HostResult::doneOrFailed},
-    {"anivel2ing", anivel2ing, HostResult::levelBook},
-    {"puntos2nivel", fromFile<convertPointsToLevelUpload>, HostResult::doneOrFailed},
-    {"topoLea2Medrix", fromFile<convertLeaToMedrix>, HostResult::doneOrFailed, std::nullopt, "cod"},
-    {"lectnevo2medrix", fromFile<convertNevoToMedrix>, HostResult::doneOrFailed},
-    {"procesaRobotizada", procesaRobotizada, HostResult::doneOrFailed},
-    {"procesaCabecera", fromFile<convertRoboticHeader>, HostResult::doneOrFailed},
-};
-
 }  // namespace
 
-std::span<const Conversion> fieldDataConversions() { return conversions; }
+QUELCNV_CONVERSION(puntos2nevo, fromFile<convertPointsToNevo>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(anivel2ing, anivel2ing, HostResult::levelBook)
+QUELCNV_CONVERSION(puntos2nivel, fromFile<convertPointsToLevelUpload>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(topoLea2Medrix, fromFile<convertLeaToMedrix>, HostResult::doneOrFailed,
+                   std::nullopt, "cod")
+QUELCNV_CONVERSION(lectnevo2medrix, fromFile<convertNevoToMedrix>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(procesaRobotizada, procesaRobotizada, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(procesaCabecera, fromFile<convertRoboticHeader>, HostResult::doneOrFailed)
 
 }  // namespace quelcnv

@@ -25,15 +25,11 @@ Outcome ReverseString(Call& a) {
 // The ArcView conversions are declared for the host but not provided.
 Outcome arcviewNotProvided(Call&) { return Outcome::failed(Failure::notProvided); }
 
-const Conversion conversions[] = {
-    {"ReverseString", ReverseString, HostResult::none, ScratchFile::sampleText},
-    {"velm2arcview", arcviewNotProvided, HostResult::doneOrFailed},
-    {"arcview2velm", arcviewNotProvided, HostResult::doneOrFailed},
-};
-
 }  // namespace
 
-std::span<const Conversion> frameConversions() { return conversions; }
+QUELCNV_CONVERSION(ReverseString, ReverseString, HostResult::none, ScratchFile::sampleText)
+QUELCNV_CONVERSION(velm2arcview, arcviewNotProvided, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(arcview2velm, arcviewNotProvided, HostResult::doneOrFailed)
 
 }  // namespace quelcnv
 

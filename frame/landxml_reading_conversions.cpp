@@ -70,23 +70,21 @@ Outcome tralandxml2nevo(Call& a) {
 
 Outcome tralandxml2nevoWCE(Call& a) { return importLandXmlSections(a[0], a[1], a[2], a[3]); }
 
-const Conversion conversions[] = {
-    {"seleccionaTransverLandXML", selectionList<listLandXmlSurfaces>, HostResult::none,
-     ScratchFile::selectionList},
-    {"tralandxml2nevo", tralandxml2nevo, HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"tralandxml2nevoWCE", tralandxml2nevoWCE, HostResult::alwaysDone},
-    {"seleccionaEjeLandXML", selectionList<listLandXmlAlignments>, HostResult::listWritten,
-     ScratchFile::selectionList},
-    {"alandxml2nevo", alandxml2nevo, HostResult::readerFlag, ScratchFile::localTemp},
-    {"alandxml2nevoWCE", alandxml2nevoWCE, HostResult::readerFlag},
-    {"seleccionaRasanteLandXML", selectionList<listLandXmlProfiles>, HostResult::none,
-     ScratchFile::selectionList},
-    {"rlandxml2nevo", profileConversion<ProfileColumns::curveLengths>, HostResult::alwaysDone},
-    {"rlandxml2nevoWCE", profileConversion<ProfileColumns::fiveColumns>, HostResult::alwaysDone},
-};
-
 }  // namespace
 
-std::span<const Conversion> landXmlReadingConversions() { return conversions; }
+QUELCNV_CONVERSION(seleccionaTransverLandXML, selectionList<listLandXmlSurfaces>, HostResult::none,
+                   ScratchFile::selectionList)
+QUELCNV_CONVERSION(tralandxml2nevo, tralandxml2nevo, HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(tralandxml2nevoWCE, tralandxml2nevoWCE, HostResult::alwaysDone)
+QUELCNV_CONVERSION(seleccionaEjeLandXML, selectionList<listLandXmlAlignments>,
+                   HostResult::listWritten, ScratchFile::selectionList)
+QUELCNV_CONVERSION(alandxml2nevo, alandxml2nevo, HostResult::readerFlag, ScratchFile::localTemp)
+QUELCNV_CONVERSION(alandxml2nevoWCE, alandxml2nevoWCE, HostResult::readerFlag)
+QUELCNV_CONVERSION(seleccionaRasanteLandXML, selectionList<listLandXmlProfiles>, HostResult::none,
+                   ScratchFile::selectionList)
+QUELCNV_CONVERSION(rlandxml2nevo, profileConversion<ProfileColumns::curveLengths>,
+                   HostResult::alwaysDone)
+QUELCNV_CONVERSION(rlandxml2nevoWCE, profileConversion<ProfileColumns::fiveColumns>,
+                   HostResult::alwaysDone)
 
 }  // namespace quelcnv

@@ -68,39 +68,35 @@ Outcome importedSectionsToLandXml(Call& a) {
 
 Outcome travelm2landxml(Call& a) { return sectionsToLandXml<readCommaSections>(a[0], a); }
 
-const Conversion conversions[] = {
-    {"travelm2landxml", travelm2landxml, HostResult::doneOrFailed},
-    {"tracliptrv2landxml", importedSectionsToLandXml<importClipTrvSections>,
-     HostResult::doneOrFailed, ScratchFile::chainTemp},
-    {"traclip2landxml", importedSectionsToLandXml<importClipTerSections>, HostResult::doneOrFailed,
-     ScratchFile::chainTemp},
-    {"traistram2landxml", importedSectionsToLandXml<importIstramSections>, HostResult::doneOrFailed,
-     ScratchFile::chainTemp},
-    {"tramxroad2landxml", importedSectionsToLandXml<importMxroadSections>, HostResult::doneOrFailed,
-     ScratchFile::chainTemp},
-    // The name keeps its transposed letters: the host binds by it.
-    {"trahtrazado2lamdxml", importedSectionsToLandXml<importHtrazadoSections>,
-     HostResult::doneOrFailed, ScratchFile::chainTemp},
-    {"aVELM2LandXML", aVELM2LandXML, HostResult::alwaysDone},
-    {"aistram2LandXML", alignmentToLandXml<importIstramAlignment>, HostResult::alwaysDone,
-     ScratchFile::chainTemp},
-    {"ahtrazado2LandXML", alignmentToLandXml<importHtrazadoAlignment>, HostResult::alwaysDone,
-     ScratchFile::chainTemp},
-    {"aclipplt2LandXML", alignmentToLandXml<importClipPltAlignment>, HostResult::alwaysDone,
-     ScratchFile::chainTemp},
-    {"aistramList2LandXML", alignmentToLandXml<importIstramListingAlignment>,
-     HostResult::alwaysDone, ScratchFile::chainTemp},
-    {"aispol2LandXML", alignmentToLandXml<importIspolAlignment>, HostResult::alwaysDone,
-     ScratchFile::chainTemp},
-    // The VELM profile conversion gives 1 whatever happened, as the host
-    // expects of it; the two listings tell a failure.
-    {"rvelm2landxml", profileToLandXml<readVelmProfile>, HostResult::alwaysDone},
-    {"ristram2landxml", profileToLandXml<readIstramProfile>, HostResult::doneOrFailed},
-    {"rispol2landxml", profileToLandXml<readIspolProfile>, HostResult::doneOrFailed},
-};
-
 }  // namespace
 
-std::span<const Conversion> landXmlWritingConversions() { return conversions; }
+QUELCNV_CONVERSION(travelm2landxml, travelm2landxml, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(tracliptrv2landxml, importedSectionsToLandXml<importClipTrvSections>,
+                   HostResult::doneOrFailed, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(traclip2landxml, importedSectionsToLandXml<importClipTerSections>,
+                   HostResult::doneOrFailed, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(traistram2landxml, importedSectionsToLandXml<importIstramSections>,
+                   HostResult::doneOrFailed, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(tramxroad2landxml, importedSectionsToLandXml<importMxroadSections>,
+                   HostResult::doneOrFailed, ScratchFile::chainTemp)
+// The name keeps its transposed letters: the host binds by it.
+QUELCNV_CONVERSION(trahtrazado2lamdxml, importedSectionsToLandXml<importHtrazadoSections>,
+                   HostResult::doneOrFailed, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aVELM2LandXML, aVELM2LandXML, HostResult::alwaysDone)
+QUELCNV_CONVERSION(aistram2LandXML, alignmentToLandXml<importIstramAlignment>,
+                   HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(ahtrazado2LandXML, alignmentToLandXml<importHtrazadoAlignment>,
+                   HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aclipplt2LandXML, alignmentToLandXml<importClipPltAlignment>,
+                   HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aistramList2LandXML, alignmentToLandXml<importIstramListingAlignment>,
+                   HostResult::alwaysDone, ScratchFile::chainTemp)
+QUELCNV_CONVERSION(aispol2LandXML, alignmentToLandXml<importIspolAlignment>, HostResult::alwaysDone,
+                   ScratchFile::chainTemp)
+// The VELM profile conversion gives 1 whatever happened, as the host
+// expects of it; the two listings tell a failure.
+QUELCNV_CONVERSION(rvelm2landxml, profileToLandXml<readVelmProfile>, HostResult::alwaysDone)
+QUELCNV_CONVERSION(ristram2landxml, profileToLandXml<readIstramProfile>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(rispol2landxml, profileToLandXml<readIspolProfile>, HostResult::doneOrFailed)
 
 }  // namespace quelcnv

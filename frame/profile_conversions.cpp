@@ -11,20 +11,16 @@
 
 namespace quelcnv {
 
-namespace {
+namespace {}  // namespace
 
-const Conversion conversions[] = {
-    {"ristram2nevo", fromFile<convertIstramProfileToNevo>, HostResult::doneOrFailed},
-    {"rvelm2nevo", fromFile<convertVelmProfileToNevo>, HostResult::doneOrFailed},
-    {"rispol2nevo", fromFile<convertIspolProfileToNevo>, HostResult::doneOrFailed},
-    {"rasruxo2nevo", fromFile<convertRuxoProfileToVertexFile>, HostResult::doneOrFailed},
-    {"rascartomap2ruxo", fromFile<convertCartomapProfileToVelm>, HostResult::doneOrFailed},
-    {"peralteispol2nevo", fromFile<convertIspolSuperelevation>, HostResult::doneOrFailed},
-    {"peralteClip2nevo", fromFile<convertClipSuperelevation>, HostResult::doneOrFailed},
-};
-
-}  // namespace
-
-std::span<const Conversion> profileConversions() { return conversions; }
+QUELCNV_CONVERSION(ristram2nevo, fromFile<convertIstramProfileToNevo>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(rvelm2nevo, fromFile<convertVelmProfileToNevo>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(rispol2nevo, fromFile<convertIspolProfileToNevo>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(rasruxo2nevo, fromFile<convertRuxoProfileToVertexFile>, HostResult::doneOrFailed)
+QUELCNV_CONVERSION(rascartomap2ruxo, fromFile<convertCartomapProfileToVelm>,
+                   HostResult::doneOrFailed)
+QUELCNV_CONVERSION(peralteispol2nevo, fromFile<convertIspolSuperelevation>,
+                   HostResult::doneOrFailed)
+QUELCNV_CONVERSION(peralteClip2nevo, fromFile<convertClipSuperelevation>, HostResult::doneOrFailed)
 
 }  // namespace quelcnv

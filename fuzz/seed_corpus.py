@@ -44,7 +44,7 @@ def arguments_of_entry_points():
     for line in (ROOT / "frame/entry_points.txt").read_text().splitlines():
         if line.startswith("#") or not line.strip():
             continue
-        name, _result, arguments, state, _help = line.split(" | ")
+        name, _result, arguments, state, _output, _help = line.split(" | ")
         if state in ("built", "readsOnly"):
             table[name] = arguments.split()
     return table

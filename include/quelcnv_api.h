@@ -128,6 +128,11 @@ typedef enum quelcnv_availability {
 
 QUELCNV_PUBLIC quelcnv_availability quelcnv_operation_availability(const char* operation);
 
+/** @brief The usual extension of the file the operation writes in salida
+ *         (".nev", ".xml"...), "" for an operation without salida, NULL for an
+ *         unknown one; static text. */
+QUELCNV_PUBLIC const char* quelcnv_operation_output(const char* operation);
+
 /** @brief The operation's Spanish help text (plain ASCII, static), or NULL. */
 QUELCNV_PUBLIC const char* quelcnv_operation_help(const char* operation);
 

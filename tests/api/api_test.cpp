@@ -303,6 +303,9 @@ TEST_F(ApiTest, TheOperationsAreTheEntryPointsTable) {
     EXPECT_EQ(quelcnv_operation_availability("amxroad2nevo"), QUELCNV_UNAVAILABLE);
     EXPECT_EQ(quelcnv_operation_availability("nada"), QUELCNV_UNKNOWN_OPERATION);
     EXPECT_EQ(quelcnv_operation_help("nada"), nullptr);
+    EXPECT_STREQ(quelcnv_operation_output("trahtrazado2lamdxml"), ".xml");
+    EXPECT_STREQ(quelcnv_operation_output("topoLea2Medrix"), ".med");
+    EXPECT_STREQ(quelcnv_operation_output("seleccionaEjeLandXML"), "");
     EXPECT_EQ(quelcnv_version(), std::string(QUELCNV_VERSION));
     EXPECT_EQ(quelcnv_api_version(), 1);
 }

@@ -15,7 +15,7 @@ trap 'rm -rf "$work"' EXIT
 status=0
 
 # name (with MyDll_) and argument count of every entry point of the table
-awk -F' [|] ' '!/^#/ && NF == 5 { print "MyDll_" $1, split($3, a, " ") }' "$table" | sort >"$work/table"
+awk -F' [|] ' '!/^#/ && NF == 6 { print "MyDll_" $1, split($3, a, " ") }' "$table" | sort >"$work/table"
 "$objdump" -p "$dll" >"$work/headers"
 
 # index and name of every export, then index and address

@@ -4,7 +4,7 @@
 
 typedef void (*AnyEntryPoint)(void);
 
-#define QUELCNV_ENTRY(name, result, arguments, state, help) (AnyEntryPoint) MyDll_##name,
+#define QUELCNV_ENTRY(name, result, arguments, state, output, help) (AnyEntryPoint) MyDll_##name,
 static const AnyEntryPoint entryPoints[] = {
 #include "entry_point_table.inc"
 };
