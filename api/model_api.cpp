@@ -69,12 +69,14 @@ void keepTexts(const quelcnv_context& context, quelcnv_model& made) {
 quelcnv_model* open(const quelcnv_context& context, const std::string& path,
                     quelcnv_model_kind kind, const char* choice) {
     auto made = std::make_unique<quelcnv_model>();
+    std::vector<std::string> shown;  // the readers' messages, sent to the sink
     FileSummary summary = recogniseFile(path);
     ModelSource source;
     if (!summary.opened)
         source.problem = "no se puede leer el fichero de entrada: " + pathText(path);
     else
-        source = openFileModel(path, summary, kindAsked(kind), choiceOf(context, kind, choice));
+        source = openFileModel(path, summary, kindAsked(kind), choiceOf(context, kind, choice),
+                               callSettings(context, shown).showMessage);
     if (source.model) {
         made->model = std::move(source.model);
         keepTexts(context, *made);

@@ -242,7 +242,8 @@ std::optional<int> chosenIndex(const std::string& choice, const LandXmlContents&
 }
 
 ModelSource landXmlAlignments(const std::string& path, const LandXmlContents& contents,
-                              const std::optional<std::string>& choice, TempFolder& folder) {
+                              const std::optional<std::string>& choice,
+                              const ErrorMessage& showMessage) {
     std::vector<int> chosen;
     if (choice) {
         std::optional<int> index = chosenIndex(*choice, contents);
@@ -255,11 +256,10 @@ ModelSource landXmlAlignments(const std::string& path, const LandXmlContents& co
     if (chosen.empty()) return nothing("el documento no tiene ejes (vea quelcnv contenido)");
     std::vector<NamedAlignment> alignments;
     for (int index : chosen) {
-        std::string ruxo = folder.file(("eje" + std::to_string(index)).c_str());
-        Outcome outcome = importLandXmlAlignment(path, index, ruxo);
-        if (!outcome.ok()) return nothing(failureReason(outcome));
-        alignments.push_back(
-            {contents.alignments[static_cast<std::size_t>(index)], ruxoElements(ruxo)});
+        LandXmlAlignment read = readLandXmlAlignment(path, index, showMessage);
+        if (!read.outcome.ok()) return nothing(failureReason(read.outcome));
+        alignments.push_back({contents.alignments[static_cast<std::size_t>(index)],
+                              elementsFromRecords(read.records)});
     }
     std::string name = choice ? alignments.front().name : "";
     return planOf(std::move(alignments), name);
@@ -366,10 +366,11 @@ std::string unitWord(const std::string& declared) {
 }
 
 ModelSource fromLandXml(const std::string& path, const FileSummary& summary,
-                        std::optional<DataKind> asked, const LandXmlChoice& choice) {
+                        std::optional<DataKind> asked, const LandXmlChoice& choice,
+                        const ErrorMessage& showMessage) {
     if (!summary.landXml) return {std::nullopt, "no se puede leer el documento LandXML"};
     DataKind kind = chosenKind(choice).value_or(asked.value_or(DataKind::alignment));
-    ModelSource source = readLandXmlModel(path, *summary.landXml, kind, choice);
+    ModelSource source = readLandXmlModel(path, *summary.landXml, kind, choice, showMessage);
     if (const Problem* unit = problemOf(summary, ProblemKind::nonMetricUnit); unit && source.model)
         source.model->unit = unitWord(unit->detail);
     return source;
@@ -402,13 +403,14 @@ ModelSource readKindModel(const std::string& path, DataKind kind) {
 }
 
 ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& contents,
-                             DataKind kind, const LandXmlChoice& choice) {
+                             DataKind kind, const LandXmlChoice& choice,
+                             const ErrorMessage& showMessage) {
     TempFolder folder("modelo");
     if (!folder.ready()) return nothing(std::string(describe(Failure::scratchUnavailable)));
     std::string why;
     switch (kind) {
         case DataKind::alignment:
-            return landXmlAlignments(path, contents, choice.alignment, folder);
+            return landXmlAlignments(path, contents, choice.alignment, showMessage);
         case DataKind::profile: {
             auto name = chosenName(choice.profile, contents.profiles, why, "rasante",
                                    "--rasante \"EJE: RASANTE\"");
@@ -428,10 +430,11 @@ ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& con
 }
 
 ModelSource openFileModel(const std::string& path, const FileSummary& summary,
-                          std::optional<DataKind> asked, const LandXmlChoice& choice) {
+                          std::optional<DataKind> asked, const LandXmlChoice& choice,
+                          const ErrorMessage& showMessage) {
     ModelSource source;
     if (summary.kind == DataKind::landXml) {
-        source = fromLandXml(path, summary, asked, choice);
+        source = fromLandXml(path, summary, asked, choice, showMessage);
     } else if (choice.any()) {
         source.problem = "--eje, --rasante y --transversales solo valen para LandXML";
     } else if (asked) {

@@ -12,6 +12,7 @@
 
 #include "alignment/nevo_alignment_reading.h"
 #include "alignment/plan_geometry.h"
+#include "common/error_message.h"
 #include "crosssection/section_point.h"
 #include "fielddata/point_files.h"
 #include "frame/recognition.h"
@@ -79,9 +80,10 @@ ModelSource readKindModel(const std::string& path, DataKind kind);
 // From a LandXML document whose names the contents give: its alignments
 // (all, or the one chosen), a profile or a surface's cross sections, as the
 // kind says. A profile or a surface not chosen by name is the document's
-// only one.
+// only one. The alignment reader's messages go to showMessage.
 ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& contents,
-                             DataKind kind, const LandXmlChoice& choice);
+                             DataKind kind, const LandXmlChoice& choice,
+                             const ErrorMessage& showMessage = showErrorMessage);
 
 // What the file the summary describes holds, as the kind asked for or,
 // when none is asked, as the kind recognised. Refused without a kind asked:
@@ -91,7 +93,8 @@ ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& con
 // whole sentence naming the file, as the command says it ("nada que dibujar
 // en eje.txt: ...").
 ModelSource openFileModel(const std::string& path, const FileSummary& summary,
-                          std::optional<DataKind> asked, const LandXmlChoice& choice);
+                          std::optional<DataKind> asked, const LandXmlChoice& choice,
+                          const ErrorMessage& showMessage = showErrorMessage);
 
 // The kinds read into models, as their words say them ("eje", "rasante",
 // "peralte", "transversales", "puntos").

@@ -326,7 +326,9 @@ typedef struct quelcnv_element {
  *        sections ("ALIGNMENT: SURFACE") with QUELCNV_MODEL_SECTIONS; NULL
  *        takes every alignment, or the document's only profile or surface.
  *        Importers that need a file in between use a private temporary
- *        folder, removed before the call returns.
+ *        folder, removed before the call returns. A message a reader shows
+ *        (the LandXML alignment reader's refusal of a clothoid) goes to the
+ *        context's message sink only.
  * @return the model, NULL only when memory ran out: one that holds nothing
  *         (quelcnv_model_kind gives QUELCNV_MODEL_NONE) says why in
  *         quelcnv_model_problem. Release it with quelcnv_model_free.

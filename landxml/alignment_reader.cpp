@@ -69,10 +69,13 @@ double angleFromCenter(PlanePoint center, PlanePoint p) {
 
 class AlignmentReader : public SaxHandler {
 public:
-    AlignmentReader(int wanted, const std::string& ruxoPath, const ErrorMessage& showMessage)
-        : wanted_(wanted), ruxoPath_(ruxoPath), showMessage_(showMessage) {}
+    AlignmentReader(int wanted, const ErrorMessage& showMessage)
+        : wanted_(wanted), showMessage_(showMessage) {}
 
     Outcome outcome() const { return outcome_; }
+    bool reachedEnd() const { return reachedEnd_; }
+    // The key points of the alignment, as the RUXO file holds them.
+    std::vector<AlignmentRecord> records() const;
 
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         waiting_[startPoint] = waiting_[endPoint] = false;
@@ -122,7 +125,7 @@ private:
     void closeAlignment();
 
     int wanted_;
-    std::string ruxoPath_;
+    bool reachedEnd_ = false;
     const ErrorMessage& showMessage_;
     Outcome outcome_;
     int alignments_ = 0;
@@ -269,17 +272,18 @@ void AlignmentReader::closeAlignment() {
 
 void AlignmentReader::endDocument() {
     if (!elements_.empty()) closeAlignment();
-    Outcome written = writeWholeFile(ruxoPath_, [&](OutputFile& out) {
-        for (const GeometryElement& e : elements_)
-            out.print("%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\n"_fmt, e.station, e.start.x,
-                      e.start.y, e.azimuth, e.parameter, e.radius);
-    });
-    if (!written.ok()) {
-        outcome_ = written;
-        return;
+    reachedEnd_ = true;
+}
+
+std::vector<AlignmentRecord> AlignmentReader::records() const {
+    std::vector<AlignmentRecord> records;
+    for (const GeometryElement& e : elements_) {
+        AlignmentRecord record =
+            keyPoint(e.station, e.start.x, e.start.y, e.azimuth, e.radius, e.parameter);
+        record.type = elementTypeOf(e.parameter, e.radius);
+        records.push_back(record);
     }
-    outcome_.written = written.written;
-    outcome_.written.records = static_cast<long>(elements_.size());
+    return records;
 }
 
 // The first attribute of every Alignment.
@@ -296,12 +300,35 @@ public:
 
 }  // namespace
 
+LandXmlAlignment readLandXmlAlignment(const std::string& entrada, int selec,
+                                      const ErrorMessage& showMessage) {
+    AlignmentReader reader(selec, showMessage);
+    LandXmlAlignment read;
+    read.outcome = readWith(reader, entrada);
+    read.outcome.refusedBefore =
+        read.outcome.failure != Failure::rejected && !reader.outcome().ok();
+    read.wholeDocument = reader.reachedEnd();
+    read.records = reader.records();
+    return read;
+}
+
 Outcome importLandXmlAlignment(const std::string& entrada, int selec, const std::string& ruxoPath,
                                const ErrorMessage& showMessage) {
-    AlignmentReader reader(selec, ruxoPath, showMessage);
-    Outcome read = readWith(reader, entrada);
-    read.refusedBefore = read.failure != Failure::rejected && !reader.outcome().ok();
-    return read;
+    LandXmlAlignment read = readLandXmlAlignment(entrada, selec, showMessage);
+    if (!read.wholeDocument) return read.outcome;
+    Outcome written = writeWholeFile(ruxoPath, [&](OutputFile& out) {
+        for (const AlignmentRecord& r : read.records)
+            out.print("%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\t%0.8lf\n"_fmt, r.station, r.x, r.y,
+                      r.azimuth, r.parameter, r.radius);
+    });
+    if (!written.ok()) {
+        // Refused or not, what could not be written is the failure.
+        written.refusedBefore = true;
+        return written;
+    }
+    read.outcome.written = written.written;
+    read.outcome.written.records = static_cast<long>(read.records.size());
+    return read.outcome;
 }
 
 Outcome listLandXmlAlignments(const std::string& entrada, const std::string& listPath) {

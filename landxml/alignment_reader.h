@@ -5,17 +5,32 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
+#include "alignment/alignment_record.h"
 #include "common/error_message.h"
 #include "common/outcome.h"
 #include "landxml/selection_list.h"
 
 namespace quelcnv {
 
-// Writes the RUXO alignment file of the alignment at position selec (from 0,
-// in document order) of entrada to ruxoPath, once the whole document has
-// been read. Every direction comes from the elements' points; no unit is
-// read. Fails with:
+// The alignment at position selec (from 0, in document order) of entrada,
+// as key points. Every direction comes from the elements' points; no unit is
+// read. The outcome as importLandXmlAlignment gives it before writing:
+// rejected for a clothoid from a finite radius (the key points are still
+// given), or the reading's failure; wholeDocument says whether the document
+// was read to its end. A position past the last alignment gives no key
+// point.
+struct LandXmlAlignment {
+    Outcome outcome;
+    bool wholeDocument = false;
+    std::vector<AlignmentRecord> records;
+};
+LandXmlAlignment readLandXmlAlignment(const std::string& entrada, int selec,
+                                      const ErrorMessage& showMessage = showErrorMessage);
+
+// Writes the RUXO alignment file of that alignment to ruxoPath, once the
+// whole document has been read. Fails with:
 // - rejected when a clothoid starts at a finite radius at the start of the
 //   alignment or after a line (the message goes to showMessage, and the
 //   RUXO file is still written);

@@ -168,12 +168,10 @@ private:
     bool inGeometry_ = false, waiting_ = false;
 };
 
-class RealLandXml : public test::FolderTest {};
-
 // Each element of every alignment the reader takes, evaluated from its start
 // key point to its end, lands on the End the document gives it. Alignments
 // the reader refuses (clothoids from a finite radius) are left out.
-TEST_F(RealLandXml, ElementsEndWhereTheDocumentsSay) {
+TEST(RealLandXml, ElementsEndWhereTheDocumentsSay) {
     int checked = 0;
     for (const auto& entry : fs::directory_iterator(QUELCNV_REAL_DATA)) {
         if (entry.path().extension() != ".xml") continue;
@@ -182,11 +180,10 @@ TEST_F(RealLandXml, ElementsEndWhereTheDocumentsSay) {
         runSaxParse(ends, document);
         for (std::size_t a = 0; a < ends.alignments.size(); ++a) {
             SCOPED_TRACE(entry.path().filename().string() + " alignment " + std::to_string(a));
-            std::string ruxo = file("eje.ruxo");
             auto ignore = [](std::string_view) {};
-            if (!importLandXmlAlignment(document, static_cast<int>(a), ruxo, ignore).ok()) continue;
-            std::vector<AlignmentRecord> records =
-                readAlignmentFile(ruxo, CommentLines::skipped).records;
+            LandXmlAlignment read = readLandXmlAlignment(document, static_cast<int>(a), ignore);
+            if (!read.outcome.ok()) continue;
+            const std::vector<AlignmentRecord>& records = read.records;
             const std::vector<PlanePoint>& expected = ends.alignments[a];
             for (std::size_t j = 0; j + 1 < records.size() && j < expected.size(); ++j) {
                 std::vector<AlignmentRecord> upTo(records.begin(), records.begin() + j + 2);

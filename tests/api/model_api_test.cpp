@@ -100,6 +100,22 @@ TEST_F(ModelApiTest, LandXmlAlignmentsProfilesAndSurfacesByChoice) {
     EXPECT_NE(std::string(quelcnv_model_problem(missing.get())).find("Eje 9"), std::string::npos);
 }
 
+TEST_F(ModelApiTest, AReadersMessageGoesToTheSinkAlone) {
+    std::vector<std::string> received;
+    quelcnv_context_set_message_sink(
+        context_,
+        [](const char* text, void* data) {
+            static_cast<std::vector<std::string>*>(data)->emplace_back(text);
+        },
+        &received);
+    testing::internal::CaptureStderr();
+    Model model = open(test::testData("landxml/clothoids.xml").string());
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(quelcnv_model_kind_of(model.get()), QUELCNV_MODEL_NONE);
+    ASSERT_EQ(received.size(), 2u);
+    EXPECT_TRUE(received[0].starts_with("El eje no puede empezar con una clotoide"));
+}
+
 TEST_F(ModelApiTest, AProfileGivesItsVerticesElevationsAndGrades) {
     Model model = open(sample("profile/rasante.velm"));
     ASSERT_EQ(quelcnv_model_kind_of(model.get()), QUELCNV_MODEL_PROFILE);
