@@ -14,31 +14,6 @@ namespace quelcnv::recognition {
 
 namespace {
 
-// Civil 3D corridors give their cross sections as DesignCrossSectSurf
-// elements, which the conversions do not read: listed apart, "alignment:
-// surface" as the surface list gives its own, each combination once.
-class DesignSurfaceLister {
-public:
-    std::vector<std::string> names;
-
-    void startElement(std::string_view name, const XmlAttributes& attributes) {
-        if (equalsIgnoringCase(name, "Alignment")) {
-            if (auto alignment = getAttributeText(attributes, "name")) alignment_ = *alignment;
-            return;
-        }
-        if (!equalsIgnoringCase(name, "DesignCrossSectSurf") || alignment_.empty()) return;
-        auto surface = getAttributeText(attributes, "name");
-        if (!surface) return;
-        std::string combined = alignment_ + ": ";
-        combined += *surface;
-        if (listed_.insert(lowerCase(combined)).second) names.push_back(std::move(combined));
-    }
-
-private:
-    std::string alignment_;
-    std::unordered_set<std::string> listed_;
-};
-
 // One reading of the document for everything the summary tells: the root
 // element, the linear unit, and the names of the three selection lists (by
 // the listers of the selections themselves) and of the design surfaces.
@@ -50,13 +25,14 @@ public:
     std::unique_ptr<NameLister> alignments = makeAlignmentLister();
     std::unique_ptr<NameLister> profiles = makeProfileLister();
     std::unique_ptr<NameLister> surfaces = makeSurfaceLister();
-    DesignSurfaceLister designSurfaces;
+    // Civil 3D corridors give their cross sections as DesignCrossSectSurf
+    // elements, which the conversions do not read: listed apart.
+    std::unique_ptr<NameLister> designSurfaces = makeSurfaceLister("DesignCrossSectSurf");
 
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         if (root.empty()) root = name;
         if (name == "Metric" || name == "Imperial") readUnit(name, attributes);
         for (NameLister* lister : listers()) lister->startElement(name, attributes);
-        designSurfaces.startElement(name, attributes);
     }
 
     void endElement(std::string_view name) override {
@@ -64,8 +40,8 @@ public:
     }
 
 private:
-    std::array<NameLister*, 3> listers() {
-        return {alignments.get(), profiles.get(), surfaces.get()};
+    std::array<NameLister*, 4> listers() {
+        return {alignments.get(), profiles.get(), surfaces.get(), designSurfaces.get()};
     }
 
     void readUnit(std::string_view name, const XmlAttributes& attributes) {
@@ -81,7 +57,7 @@ bool isMetres(std::string_view unit) {
 
 LandXmlContents contentsOf(const ContentsReader& reader) {
     return {reader.linearUnit, reader.alignments->names, reader.profiles->names,
-            reader.surfaces->names, reader.designSurfaces.names};
+            reader.surfaces->names, reader.designSurfaces->names};
 }
 
 // A document that breaks off at its last line was cut short; one that goes

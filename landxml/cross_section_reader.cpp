@@ -106,12 +106,14 @@ private:
 // alignment without a name leaves the last name standing.
 class SurfaceLister : public NameLister {
 public:
+    explicit SurfaceLister(std::string_view surfaceElement) : surfaceElement_(surfaceElement) {}
+
     void startElement(std::string_view name, const XmlAttributes& attributes) override {
         if (equalsIgnoringCase(name, "Alignment")) {
             if (auto alignment = getAttributeText(attributes, "name")) alignment_ = *alignment;
             return;
         }
-        if (!equalsIgnoringCase(name, "CrossSectSurf") || alignment_.empty()) return;
+        if (!equalsIgnoringCase(name, surfaceElement_) || alignment_.empty()) return;
         auto surface = getAttributeText(attributes, "name");
         if (!surface) return;
         std::string combined = alignment_ + ": ";
@@ -120,6 +122,7 @@ public:
     }
 
 private:
+    std::string_view surfaceElement_;
     std::string alignment_;
     std::unordered_set<std::string> listed_;
 };
@@ -134,10 +137,12 @@ Outcome importLandXmlSections(const std::string& transver, const std::string& ca
 
 // The list is written even when no reader could be created (it is then empty).
 Outcome listLandXmlSurfaces(const std::string& entrada, const std::string& listPath) {
-    SurfaceLister lister;
+    SurfaceLister lister("CrossSectSurf");
     return listNames(lister, lister.names, entrada, listPath, WithoutReader::listWritten);
 }
 
-std::unique_ptr<NameLister> makeSurfaceLister() { return std::make_unique<SurfaceLister>(); }
+std::unique_ptr<NameLister> makeSurfaceLister(std::string_view surfaceElement) {
+    return std::make_unique<SurfaceLister>(surfaceElement);
+}
 
 }  // namespace quelcnv

@@ -28,6 +28,8 @@ Outcome listLandXmlSurfaces(const std::string& entrada, const std::string& listP
 
 // The handler that gathers the names listLandXmlSurfaces writes, for a caller that
 // reads the document itself, alone or together with other handlers.
-std::unique_ptr<NameLister> makeSurfaceLister();
+// Another element than CrossSectSurf may be listed alike: the
+// DesignCrossSectSurf of Civil 3D corridors, which no conversion reads.
+std::unique_ptr<NameLister> makeSurfaceLister(std::string_view surfaceElement = "CrossSectSurf");
 
 }  // namespace quelcnv
