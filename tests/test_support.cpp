@@ -7,6 +7,7 @@
 #include <iterator>
 #include <random>
 
+#include "alignment/ruxo_alignment_file.h"
 #include "common/output_file.h"
 
 #ifndef _WIN32
@@ -110,6 +111,17 @@ FolderTest::FolderTest() {
 FolderTest::~FolderTest() {
     std::error_code ignored;
     std::filesystem::remove_all(dir_, ignored);
+}
+
+void expectNear(PlanePoint actual, PlanePoint expected, double tolerance) {
+    EXPECT_NEAR(actual.x, expected.x, tolerance);
+    EXPECT_NEAR(actual.y, expected.y, tolerance);
+}
+
+std::vector<AlignmentRecord> sampleAlignmentRecords() {
+    return readAlignmentFile(std::string(QUELCNV_SAMPLES) + "/alignment/eje.ruxo",
+                             CommentLines::skipped)
+        .records;
 }
 
 }  // namespace quelcnv::test

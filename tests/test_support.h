@@ -7,6 +7,10 @@
 #include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "alignment/alignment_record.h"
+#include "common/plane.h"
 
 namespace quelcnv::test {
 
@@ -20,6 +24,12 @@ std::filesystem::path testData(std::string_view relative);
 // the process locale: the references the library's own conversions match.
 double cStrtod(const char* text);
 std::string cPrintf(const char* format, double value);
+
+// Both coordinates within the tolerance.
+void expectNear(PlanePoint actual, PlanePoint expected, double tolerance);
+
+// The key points of the sample alignment samples/alignment/eje.ruxo.
+std::vector<AlignmentRecord> sampleAlignmentRecords();
 
 // Sets (or, with nullopt, unsets) an environment variable until destroyed.
 class ScopedEnv {

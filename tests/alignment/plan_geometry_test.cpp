@@ -24,14 +24,8 @@ namespace fs = std::filesystem;
 
 const std::string sampleAlignment = std::string(QUELCNV_SAMPLES) + "/alignment/eje.ruxo";
 
-std::vector<AlignmentRecord> sampleRecords() {
-    return readAlignmentFile(sampleAlignment, CommentLines::skipped).records;
-}
-
-void expectNear(PlanePoint actual, PlanePoint expected, double tolerance) {
-    EXPECT_NEAR(actual.x, expected.x, tolerance);
-    EXPECT_NEAR(actual.y, expected.y, tolerance);
-}
+std::vector<AlignmentRecord> sampleRecords() { return test::sampleAlignmentRecords(); }
+using test::expectNear;
 
 // The clothoid of parameter a from a straight, heading along y and turning
 // right, at arc length s: its closed form as the Fresnel series, summed in

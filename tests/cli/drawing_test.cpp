@@ -24,14 +24,8 @@ namespace {
 
 const std::string sampleAlignment = std::string(QUELCNV_SAMPLES) + "/alignment/eje.ruxo";
 
-std::vector<AlignmentRecord> sampleRecords() {
-    return readAlignmentFile(sampleAlignment, CommentLines::skipped).records;
-}
-
-void expectNear(PlanePoint actual, PlanePoint expected, double tolerance) {
-    EXPECT_NEAR(actual.x, expected.x, tolerance);
-    EXPECT_NEAR(actual.y, expected.y, tolerance);
-}
+std::vector<AlignmentRecord> sampleRecords() { return test::sampleAlignmentRecords(); }
+using test::expectNear;
 
 // The shapes of an SVG drawing in true coordinates: each polyline's class,
 // data-pk and points, the group's origin added back.
