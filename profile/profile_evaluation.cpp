@@ -27,8 +27,7 @@ std::vector<VerticalCurve> verticalCurves(const Profile& v) {
 }
 
 std::optional<ProfilePoint> profileAt(const Profile& v, double station) {
-    if (v.empty() || station < v.front().station || station > v.back().station)
-        return std::nullopt;
+    if (v.empty() || station < v.front().station || station > v.back().station) return std::nullopt;
     for (const VerticalCurve& curve : verticalCurves(v))
         if (station >= curve.startStation && station <= curve.endStation())
             return ProfilePoint{curve.elevationAt(station), curve.gradeAt(station)};
