@@ -92,8 +92,8 @@ ModelSource sectionsOf(Outcome (*read)(const std::string&, const EachPoint&),
     return modelOf(std::move(content));
 }
 
-// Station, elevation and full curve length, as the LandXML profile is taken
-// out of a document.
+// Station, elevation and full curve length, as the LandXML profile
+// conversion writes them.
 ProfileRead readCurveLengths(const std::string& path) {
     ProfileRead read;
     read.outcome = readVertexLines(
@@ -278,11 +278,10 @@ std::optional<std::string> chosenName(const std::optional<std::string>& choice,
     return std::nullopt;
 }
 
-ModelSource landXmlProfile(const std::string& path, const std::string& name, TempFolder& folder) {
-    std::string vertices = folder.file("rasante");
-    Outcome outcome = convertLandXmlProfile(name, path, vertices, ProfileColumns::curveLengths);
-    if (!outcome.ok()) return nothing(failureReason(outcome));
-    ModelSource source = profileOf(readCurveLengths(vertices), name);
+ModelSource landXmlProfile(const std::string& path, const std::string& name) {
+    LandXmlProfile read = readLandXmlProfile(name, path);
+    if (!read.outcome.ok()) return nothing(failureReason(read.outcome));
+    ModelSource source = profileOf({read.outcome, read.vertices}, name);
     if (!source.model)
         source.problem = "el documento no tiene la rasante \"" + nameText(name) + "\"";
     return source;
@@ -414,7 +413,7 @@ ModelSource readLandXmlModel(const std::string& path, const LandXmlContents& con
         case DataKind::profile: {
             auto name = chosenName(choice.profile, contents.profiles, why, "rasante",
                                    "--rasante \"EJE: RASANTE\"");
-            return name ? landXmlProfile(path, *name, folder) : nothing(why);
+            return name ? landXmlProfile(path, *name) : nothing(why);
         }
         case DataKind::crossSections: {
             auto name = chosenName(choice.surface, contents.surfaces, why, "superficie",

@@ -63,10 +63,11 @@ void circleAt(Profile& vertices, std::size_t i) {
 
 class ProfileReader : public SaxHandler {
 public:
-    ProfileReader(const std::string& wantedName, const std::string& salida, ProfileColumns columns)
-        : wantedName_(wantedName), salida_(salida), columns_(columns) {}
+    explicit ProfileReader(const std::string& wantedName) : wantedName_(wantedName) {}
 
-    Outcome outcome() const { return outcome_; }
+    Outcome outcome() const { return Outcome::done(); }
+    bool reachedEnd() const { return reachedEnd_; }
+    const Profile& vertices() const { return vertices_; }
 
     void startElement(std::string_view name, const XmlAttributes& attributes) override;
 
@@ -90,9 +91,7 @@ public:
 
 private:
     std::string wantedName_;
-    std::string salida_;
-    ProfileColumns columns_;
-    Outcome outcome_;
+    bool reachedEnd_ = false;
     std::string alignmentName_;
     bool active_ = false;
     bool pointPending_ = false;
@@ -138,16 +137,7 @@ void ProfileReader::endDocument() {
         else
             parabolaAt(vertices_, i);
     }
-    outcome_ = writeWholeFile(salida_, [&](OutputFile& out) {
-        for (const ProfileVertex& v : vertices_) {
-            if (columns_ == ProfileColumns::fiveColumns)
-                out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n"_fmt, v.station, v.elevation, v.kv,
-                          v.tangent, v.external);
-            else
-                out.print("%10.3lf %8.3lf %9.3lf\n"_fmt, v.station, v.elevation, 2.0 * v.tangent);
-        }
-    });
-    outcome_.written.vertices = static_cast<long>(vertices_.size());
+    reachedEnd_ = true;
 }
 
 // "alignment: profile" from the attributes named "name". An alignment
@@ -179,10 +169,30 @@ private:
 
 }  // namespace
 
+LandXmlProfile readLandXmlProfile(const std::string& nombreRas, const std::string& entrada) {
+    ProfileReader reader(nombreRas);
+    LandXmlProfile read;
+    read.outcome = readWith(reader, entrada);
+    read.wholeDocument = reader.reachedEnd();
+    read.vertices = reader.vertices();
+    return read;
+}
+
 Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
                               const std::string& salida, ProfileColumns columns) {
-    ProfileReader reader(nombreRas, salida, columns);
-    return readWith(reader, entrada);
+    LandXmlProfile read = readLandXmlProfile(nombreRas, entrada);
+    if (!read.wholeDocument) return read.outcome;
+    Outcome written = writeWholeFile(salida, [&](OutputFile& out) {
+        for (const ProfileVertex& v : read.vertices) {
+            if (columns == ProfileColumns::fiveColumns)
+                out.print("%10.3lf %8.3lf %9.3lf %8.3lf %8.3lf\n"_fmt, v.station, v.elevation, v.kv,
+                          v.tangent, v.external);
+            else
+                out.print("%10.3lf %8.3lf %9.3lf\n"_fmt, v.station, v.elevation, 2.0 * v.tangent);
+        }
+    });
+    written.written.vertices = static_cast<long>(read.vertices.size());
+    return written;
 }
 
 // The list is written even when no reader could be created (it is then empty).

@@ -8,6 +8,7 @@
 
 #include "common/outcome.h"
 #include "landxml/selection_list.h"
+#include "profile/profile_vertex.h"
 
 namespace quelcnv {
 
@@ -16,11 +17,22 @@ enum class ProfileColumns {
     fiveColumns,   // station, elevation, kv, tangent, external, for Windows CE collectors
 };
 
-// Writes to salida, once the whole document has been read, the vertices of
-// the profile whose combined name (its alignment's first attribute, ": ",
-// its own first attribute) equals nombreRas without regard to case. A name
-// that matches nothing gives an empty file; a document that cannot be read
-// to its end writes nothing. Fails with readerUnavailable or
+// The vertices of the profile whose combined name (its alignment's first
+// attribute, ": ", its own first attribute) equals nombreRas without regard
+// to case, with their vertical curves; none for a name that matches
+// nothing. The outcome is the reading's: readerUnavailable, or a document
+// not read to its end (wholeDocument false), whose vertices count for
+// nothing.
+struct LandXmlProfile {
+    Outcome outcome;
+    bool wholeDocument = false;
+    Profile vertices;
+};
+LandXmlProfile readLandXmlProfile(const std::string& nombreRas, const std::string& entrada);
+
+// Writes those vertices to salida, once the whole document has been read. A
+// name that matches nothing gives an empty file; a document that cannot be
+// read to its end writes nothing. Fails with readerUnavailable or
 // outputUnwritable.
 Outcome convertLandXmlProfile(const std::string& nombreRas, const std::string& entrada,
                               const std::string& salida, ProfileColumns columns);
