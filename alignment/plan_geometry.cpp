@@ -45,7 +45,8 @@ PlanPose advance(const PlanElement& e, PlanPose pose, double a, double b) {
     double span = std::abs(b - a);
     double turn = std::max(std::abs(e.curvatureAt(a)), std::abs(e.curvatureAt(b))) * span;
     double panels = std::ceil(std::max({turn / panelTurn, span / panelLength, 1.0}));
-    int count = static_cast<int>(std::min(panels, maxPanels));
+    // An endless curvature over no length gives no number: the most panels.
+    int count = static_cast<int>(panels < maxPanels ? panels : maxPanels);
     for (int i = 0; i < count; ++i) {
         double from = a + (b - a) * i / count, to = a + (b - a) * (i + 1) / count;
         PlanePoint moved = panelDisplacement(e, from, to);
